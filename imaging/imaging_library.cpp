@@ -1,0 +1,2 @@
+// Placeholder until the back end lands.
+#include "imaging/imaging_library.h"

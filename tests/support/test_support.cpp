@@ -1,0 +1,64 @@
+// Shared test fixtures.
+#include "tests/support/test_support.h"
+
+#include <FreeImage.h>
+
+#include <atomic>
+#include <fstream>
+#include <random>
+#include <sstream>
+#include <unistd.h>
+
+namespace velmora::testing {
+
+TempFolder::TempFolder() {
+  static std::atomic<int> counter{0};
+  std::random_device seed;
+  path_ = std::filesystem::temp_directory_path() /
+          ("velmora-test-" + std::to_string(::getpid()) + "-" + std::to_string(counter++) + "-" +
+           std::to_string(seed() % 100000));
+  std::filesystem::create_directories(path_);
+}
+
+TempFolder::~TempFolder() {
+  std::error_code ignored;
+  std::filesystem::remove_all(path_, ignored);
+}
+
+ImageFacts ReadImageFacts(const std::string& path) {
+  ImageFacts facts;
+  const FREE_IMAGE_FORMAT format = FreeImage_GetFileType(path.c_str(), 0);
+  facts.format = format;
+  if (format == FIF_UNKNOWN) return facts;
+  if (format == FIF_GIF || format == FIF_TIFF || format == FIF_ICO) {
+    if (FIMULTIBITMAP* multi = FreeImage_OpenMultiBitmap(format, path.c_str(), FALSE, TRUE, TRUE)) {
+      facts.pages = FreeImage_GetPageCount(multi);
+      FreeImage_CloseMultiBitmap(multi);
+    }
+  } else {
+    facts.pages = 1;
+  }
+  FIBITMAP* dib = FreeImage_Load(format, path.c_str(), format == FIF_GIF ? GIF_LOAD256 : 0);
+  if (!dib) return facts;
+  facts.readable = true;
+  facts.width = FreeImage_GetWidth(dib);
+  facts.height = FreeImage_GetHeight(dib);
+  facts.bpp = FreeImage_GetBPP(dib);
+  facts.image_type = FreeImage_GetImageType(dib);
+  FreeImage_Unload(dib);
+  return facts;
+}
+
+std::string ReadWholeFile(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::ostringstream buffer;
+  buffer << in.rdbuf();
+  return buffer.str();
+}
+
+void WriteWholeFile(const std::string& path, const std::string& content) {
+  std::ofstream out(path, std::ios::binary | std::ios::trunc);
+  out << content;
+}
+
+}  // namespace velmora::testing
