@@ -1,0 +1,126 @@
+// Every sample through a chain of all seven kinds, saved in every format with every depth of its
+// list: each output must read back with the expected size, depth, format and page count.
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "engine/encoder.h"
+#include "engine/number_text.h"
+#include "scripts/sample_images.h"
+#include "tests/engine/run_fixture.h"
+
+namespace velmora::engine {
+namespace {
+
+struct FormatCase {
+  std::int16_t format;
+  std::int16_t depth;
+  int fif;
+  unsigned bpp;  // 0: depends on the page (no depth conversion)
+};
+
+std::vector<FormatCase> AllFormatCases() {
+  return {
+      {0, 0, FIF_BMP, 32}, {0, 1, FIF_BMP, 24}, {0, 2, FIF_BMP, 16}, {0, 3, FIF_BMP, 16},
+      {0, 4, FIF_BMP, 8},  {0, 5, FIF_BMP, 4},  {0, 6, FIF_BMP, 1},  {1, 0, FIF_JPEG, 24},
+      {1, 1, FIF_JPEG, 24}, {1, 2, FIF_JPEG, 8}, {2, 0, FIF_GIF, 8},  {3, 0, FIF_PNG, 32},
+      {3, 1, FIF_PNG, 24}, {3, 2, FIF_PNG, 8},  {3, 3, FIF_PNG, 4},  {3, 4, FIF_PNG, 1},
+      {4, 0, FIF_TARGA, 32}, {4, 1, FIF_TARGA, 24}, {4, 2, FIF_TARGA, 16}, {4, 3, FIF_TARGA, 16},
+      {4, 4, FIF_TARGA, 8}, {5, 0, FIF_TIFF, 32}, {5, 1, FIF_TIFF, 24}, {5, 2, FIF_TIFF, 8},
+      {5, 3, FIF_TIFF, 4}, {5, 4, FIF_TIFF, 1}, {5, 5, FIF_TIFF, 0}, {6, 0, FIF_EXR, 0},
+  };
+}
+
+// One operation of each kind; resize to 50% and a quarter turn make the expected size easy.
+Blocks ChainOfAllKinds(const std::string& mark) {
+  Block resize = NewBlock(kResize);
+  Block rotate = NewBlock(kRotate);
+  Block mirror = NewBlock(kMirror);
+  Block text = NewBlock(kWatermark, 0);
+  text.WatermarkSource = "Velmora";
+  text.HAlign = 2;
+  text.VAlign = 2;
+  Block image = NewBlock(kWatermark, 1);
+  image.WatermarkSource = mark;
+  image.HAlign = 1;
+  image.HOffset = -4;
+  Block effect = NewBlock(kEffect);
+  effect.EffectKind = 8;
+  Block tone = NewBlock(kBrightnessContrast);
+  tone.Brightness = 10;
+  tone.Contrast = 10;
+  Block gamma = NewBlock(kGamma);
+  gamma.GammaValue = 120;
+  return Blocks({resize, rotate, mirror, text, image, effect, tone, gamma});
+}
+
+struct Source {
+  std::string path;
+  unsigned width, height;
+  int pages;
+};
+
+class RunFormats : public ::testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    samples_ = new testing::TempFolder;
+    for (const std::string& path : samples::WriteSampleSet(samples_->path().string())) {
+      const testing::ImageFacts facts = testing::ReadImageFacts(path);
+      sources_.push_back({path, facts.width, facts.height, facts.pages});
+    }
+    samples::WritePhotoJpeg(samples_->file("mark.jpg"), 12, 8);
+  }
+  static void TearDownTestSuite() { delete samples_; }
+  static testing::TempFolder* samples_;
+  static std::vector<Source> sources_;
+};
+testing::TempFolder* RunFormats::samples_ = nullptr;
+std::vector<Source> RunFormats::sources_;
+
+TEST_F(RunFormats, SampleSetIsComplete) { EXPECT_EQ(sources_.size(), 8u); }
+
+TEST_F(RunFormats, EveryFormatAndDepthOfEverySampleReadsBack) {
+  const Blocks chain = ChainOfAllKinds(samples_->file("mark.jpg"));
+  for (const FormatCase& c : AllFormatCases()) {
+    testing::TempFolder out;
+    AppState state = MakeJob(out.slash());
+    state.output.OutputFormat = c.format;
+    state.output.ColorDepth = c.depth;
+    state.output.MultipageMode = 1;
+    state.output.CompressionIndex = c.format == 5 ? 6 : 0;
+    state.output.NameTemplate = "{title}_{sourcetype}.{outputtype}";
+    state.blocks = chain;
+    std::vector<std::string> rows;
+    for (const Source& s : sources_) rows.push_back(s.path);
+    RunJob(state, rows);
+
+    const std::string extension = OutputTargetFor(c.format).OutputExtension;
+    for (const Source& s : sources_) {
+      SCOPED_TRACE("format " + std::to_string(c.format) + " depth " + std::to_string(c.depth) + " " + s.path);
+      const std::string title = std::filesystem::path(s.path).stem().string() + "_" +
+                                std::filesystem::path(s.path).extension().string().substr(1);
+      const bool one_file = s.pages == 1 || c.format == 2 || c.format == 5;
+      std::vector<std::string> outputs;
+      if (one_file) {
+        outputs.push_back(out.file(title + "." + extension));
+      } else {
+        for (int p = 0; p < s.pages; ++p)
+          outputs.push_back(out.file(title + " (page " + std::to_string(p) + ")." + extension));
+      }
+      for (const std::string& output : outputs) {
+        const testing::ImageFacts facts = testing::ReadImageFacts(output);
+        ASSERT_TRUE(facts.readable) << output;
+        EXPECT_EQ(facts.format, c.fif);
+        // Half size, then a quarter turn.
+        EXPECT_EQ(facts.width, static_cast<unsigned>(RoundHalfEven(s.height * 50 / 100.0)));
+        EXPECT_EQ(facts.height, static_cast<unsigned>(RoundHalfEven(s.width * 50 / 100.0)));
+        if (c.bpp != 0) EXPECT_EQ(facts.bpp, c.bpp);
+        if (c.format == 6) EXPECT_TRUE(facts.image_type == FIT_RGBF || facts.image_type == FIT_RGBAF);
+        EXPECT_EQ(facts.pages, one_file ? s.pages : 1);
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace velmora::engine

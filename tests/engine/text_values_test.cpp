@@ -1,0 +1,94 @@
+// Number reading, rounding, booleans and the watermark font string.
+#include <gtest/gtest.h>
+
+#include "engine/font_spec.h"
+#include "engine/number_text.h"
+
+namespace velmora::engine {
+namespace {
+
+TEST(NumberReading, LeadingNumberRoundedHalfToEven) {
+  EXPECT_EQ(ReadInt16("90.5"), 90);
+  EXPECT_EQ(ReadInt16("91.5"), 92);
+  EXPECT_EQ(ReadInt16("abc"), 0);
+  EXPECT_EQ(ReadInt16(""), 0);
+  EXPECT_EQ(ReadInt32(" - 1 2x"), -12);  // blanks inside are skipped
+  EXPECT_EQ(ReadInt32("2.5"), 2);
+  EXPECT_EQ(ReadInt32("3.5"), 4);
+  EXPECT_EQ(ReadInt32("-2.5"), -2);
+}
+
+TEST(NumberReading, OverflowGivesNoValue) {
+  EXPECT_FALSE(ReadInt16("70000").has_value());
+  EXPECT_EQ(ReadInt16("32767"), 32767);
+  EXPECT_FALSE(ReadInt32("3000000000").has_value());
+}
+
+TEST(BooleanReading, WordsAndNumbers) {
+  EXPECT_EQ(ReadBoolean("True"), true);
+  EXPECT_EQ(ReadBoolean("false"), false);
+  EXPECT_EQ(ReadBoolean("1"), true);
+  EXPECT_EQ(ReadBoolean("0"), false);
+  EXPECT_EQ(ReadBoolean("-1"), true);
+  EXPECT_FALSE(ReadBoolean("").has_value());
+  EXPECT_FALSE(ReadBoolean("maybe").has_value());
+}
+
+TEST(ThreeDigits, PadsToThree) {
+  EXPECT_EQ(ThreeDigits(0), "000");
+  EXPECT_EQ(ThreeDigits(42), "042");
+  EXPECT_EQ(ThreeDigits(1000), "1000");
+}
+
+TEST(WatermarkFont, EmptyGivesDefaultsAtRunTime) {
+  FontState font{255, kTrue, kTrue, kTrue, "Other", 40, kTrue};
+  ParseWatermarkFont(font, "");
+  EXPECT_EQ(font, (FontState{0, kFalse, kFalse, kFalse, "Arial", 12, kFalse}));
+}
+
+TEST(WatermarkFont, EmptyChangesNothingForTheStyleButton) {
+  const FontState before{255, kTrue, kFalse, kTrue, "Other", 40, kTrue};
+  FontState font = before;
+  ParseWatermarkFont(font, "", false);
+  EXPECT_EQ(font, before);
+}
+
+TEST(WatermarkFont, RoundTripsAndFormatsWithoutQuoting) {
+  FontState font;
+  ParseWatermarkFont(font, "16711680|True|False|True|DejaVu Sans|24.5|True");
+  EXPECT_EQ(font, (FontState{16711680, kTrue, kFalse, kTrue, "DejaVu Sans", 24, kTrue}));
+  EXPECT_EQ(FormatWatermarkFont(font), "16711680|True|False|True|DejaVu Sans|24|True");
+  EXPECT_EQ(FormatWatermarkFont(FontState{}), "0|False|False|False||0|False");
+}
+
+TEST(WatermarkFont, MissingOrBadFieldsKeepTheirValues) {
+  FontState font{7, kTrue, kTrue, kTrue, "Keep", 30, kTrue};
+  ParseWatermarkFont(font, "255|maybe|0");
+  EXPECT_EQ(font, (FontState{255, kTrue, kFalse, kTrue, "Keep", 30, kTrue}));
+}
+
+TEST(WatermarkFont, ABarInTheFaceShiftsLaterFields) {
+  FontState font;
+  ParseWatermarkFont(font, "0|False|False|False|A|B|12|True");
+  EXPECT_EQ(font.FontFace, "A");
+  EXPECT_EQ(font.FontSize, 0);         // "B" has no digits
+  EXPECT_EQ(font.FontBold, kTrue);     // "12" read as a boolean
+}
+
+TEST(Blocks, SpareElementAndDefaults) {
+  Blocks chain;
+  EXPECT_EQ(chain.UpperBound(), 0);
+  chain.Append(NewBlock(kResize));
+  chain.Append(NewBlock(kWatermark, 1));
+  EXPECT_EQ(chain.UpperBound(), 2);
+  EXPECT_EQ(chain[2], Block{});
+  EXPECT_EQ(chain[0].Width, 50);
+  EXPECT_EQ(chain[0].Units, 1);
+  EXPECT_EQ(chain[0].KeepProportions, kTrue);
+  EXPECT_EQ(chain[1].WatermarkKind, 1);
+  EXPECT_EQ(NewBlock(kGamma).GammaValue, 100);
+  EXPECT_EQ(NewBlock(kRotate).Angle, 90);
+}
+
+}  // namespace
+}  // namespace velmora::engine
