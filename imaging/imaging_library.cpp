@@ -1,2 +1,91 @@
-// Placeholder until the back end lands.
+// The imaging object's life, its handles, queries, blank images, metadata and display pictures.
+// Files, depth conversions, transforms and effects are in the imaging_library_*.cpp files.
 #include "imaging/imaging_library.h"
+
+#include "imaging/display_picture.h"
+#include "imaging/library_state.h"
+
+namespace velmora::imaging {
+
+ImagingLibrary::ImagingLibrary() : state_(std::make_unique<State>()) {}
+
+ImagingLibrary::~ImagingLibrary() = default;
+
+void ImagingLibrary::Release(Handle image) { state_->images.Release(image); }
+
+std::size_t ImagingLibrary::LiveImageCount() const { return state_->images.Count(); }
+
+void ImagingLibrary::FreeImage_GetWidth(Handle image, std::uint32_t& width) {
+  FIBITMAP* dib = state_->images.Find(image);
+  width = dib ? ::FreeImage_GetWidth(dib) : 0;
+}
+
+void ImagingLibrary::FreeImage_GetHeight(Handle image, std::uint32_t& height) {
+  FIBITMAP* dib = state_->images.Find(image);
+  height = dib ? ::FreeImage_GetHeight(dib) : 0;
+}
+
+void ImagingLibrary::FreeImage_GetBPP(Handle image, std::uint32_t& bpp) {
+  FIBITMAP* dib = state_->images.Find(image);
+  bpp = dib ? ::FreeImage_GetBPP(dib) : 0;
+}
+
+namespace {
+
+// Ordinary bitmaps for the usual depths; the deeper ones that pages loaded from 16-bit and float
+// files report (48, 64, 96, 128) become the matching FreeImage type, so a blank of a page's size
+// and depth can always be made.
+Bitmap AllocateBlank(int width, int height, int bpp, unsigned red, unsigned green, unsigned blue) {
+  switch (bpp) {
+    case 1:
+    case 4:
+    case 8:
+    case 16:
+    case 24:
+    case 32:
+      return Bitmap(::FreeImage_Allocate(width, height, bpp, red, green, blue));
+    case 48:
+      return Bitmap(FreeImage_AllocateT(FIT_RGB16, width, height));
+    case 64:
+      return Bitmap(FreeImage_AllocateT(FIT_RGBA16, width, height));
+    case 96:
+      return Bitmap(FreeImage_AllocateT(FIT_RGBF, width, height));
+    case 128:
+      return Bitmap(FreeImage_AllocateT(FIT_RGBAF, width, height));
+    default:
+      return nullptr;
+  }
+}
+
+}  // namespace
+
+void ImagingLibrary::FreeImage_Allocate(Handle& out, std::int32_t width, std::int32_t height,
+                                        std::int32_t bpp, std::uint32_t red_mask, std::uint32_t green_mask,
+                                        std::uint32_t blue_mask, CallResult& result) {
+  Report(result, [&] {
+    out = 0;
+    if (width <= 0 || height <= 0) return false;
+    out = state_->images.Add(AllocateBlank(width, height, bpp, red_mask, green_mask, blue_mask));
+    return out != 0;
+  });
+}
+
+void ImagingLibrary::CopyMetadata(Handle source, Handle destination, CallResult& result) {
+  Report(result, [&] {
+    FIBITMAP* from = state_->images.Find(source);
+    FIBITMAP* to = state_->images.Find(destination);
+    if (!from || !to) return false;
+    // Cloning onto itself would clear what it copies from.
+    if (from == to) return true;
+    return FreeImage_CloneMetadata(to, from) != FALSE;
+  });
+}
+
+void ImagingLibrary::MakeDisplayPicture(Handle image, DisplayPicture& picture, CallResult& result) {
+  Report(result, [&] {
+    FIBITMAP* dib = state_->images.Find(image);
+    return dib && FillDisplayPicture(dib, picture);
+  });
+}
+
+}  // namespace velmora::imaging

@@ -1,0 +1,120 @@
+// Image file reading and writing over FreeImage.
+#include "imaging/image_files.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+#include "imaging/export_depth.h"
+
+namespace velmora::imaging {
+namespace {
+
+// FreeImage is handed only files that exist and hold something.
+bool IsNonEmptyFile(const std::string& path) {
+  std::error_code error;
+  if (path.empty() || !std::filesystem::is_regular_file(path, error)) return false;
+  const auto size = std::filesystem::file_size(path, error);
+  return !error && size > 0;
+}
+
+bool ExistsAsFile(const std::string& path) {
+  std::error_code error;
+  return std::filesystem::is_regular_file(path, error);
+}
+
+int PageLoadFlags(FREE_IMAGE_FORMAT format) {
+  if (format == FIF_GIF) return GIF_PLAYBACK;
+  if (format == FIF_ICO) return ICO_MAKEALPHA;
+  return 0;
+}
+
+ReadOnlyMultiBitmap OpenForReading(FREE_IMAGE_FORMAT format, const std::string& path, int flags) {
+  return ReadOnlyMultiBitmap(FreeImage_OpenMultiBitmap(format, path.c_str(), FALSE, TRUE, TRUE, flags));
+}
+
+}  // namespace
+
+FREE_IMAGE_FORMAT DetectReadableFormat(const std::string& path) {
+  if (!IsNonEmptyFile(path)) return FIF_UNKNOWN;
+  FREE_IMAGE_FORMAT format = FreeImage_GetFileType(path.c_str(), 0);
+  if (format == FIF_UNKNOWN) format = FreeImage_GetFIFFromFilename(path.c_str());
+  if (format == FIF_UNKNOWN || !FreeImage_FIFSupportsReading(format)) return FIF_UNKNOWN;
+  return format;
+}
+
+bool IsMultipageFormat(FREE_IMAGE_FORMAT format) {
+  return format == FIF_GIF || format == FIF_TIFF || format == FIF_ICO;
+}
+
+Bitmap LoadImageFile(const std::string& path, int format, int flags) {
+  if (!IsNonEmptyFile(path)) return nullptr;
+  const FREE_IMAGE_FORMAT detected = DetectReadableFormat(path);
+  if (format >= 0) {
+    const auto wanted = static_cast<FREE_IMAGE_FORMAT>(format);
+    if (format < FreeImage_GetFIFCount() && FreeImage_FIFSupportsReading(wanted)) {
+      if (Bitmap loaded{FreeImage_Load(wanted, path.c_str(), flags)}) return loaded;
+    }
+    // A file named after one format but holding another (an ".ico" that is a PNG) is read as what
+    // it holds, without flags meant for the other format.
+    if (detected == FIF_UNKNOWN || detected == wanted) return nullptr;
+    return Bitmap(FreeImage_Load(detected, path.c_str(), 0));
+  }
+  if (detected == FIF_UNKNOWN) return nullptr;
+  return Bitmap(FreeImage_Load(detected, path.c_str(), flags));
+}
+
+int CountImagePages(const std::string& path) {
+  const FREE_IMAGE_FORMAT format = DetectReadableFormat(path);
+  if (format == FIF_UNKNOWN) return 0;
+  if (IsMultipageFormat(format)) {
+    ReadOnlyMultiBitmap multi = OpenForReading(format, path, 0);
+    return multi ? std::max(0, FreeImage_GetPageCount(multi.get())) : 0;
+  }
+  // Reading the header is enough to know the file is an image, where the format allows it.
+  const int flags = FreeImage_FIFSupportsNoPixels(format) ? FIF_LOAD_NOPIXELS : 0;
+  Bitmap probe(FreeImage_Load(format, path.c_str(), flags));
+  return probe ? 1 : 0;
+}
+
+std::vector<Bitmap> LoadImagePages(const std::string& path) {
+  std::vector<Bitmap> pages;
+  const FREE_IMAGE_FORMAT format = DetectReadableFormat(path);
+  if (format == FIF_UNKNOWN) return pages;
+  if (!IsMultipageFormat(format)) {
+    if (Bitmap single{FreeImage_Load(format, path.c_str(), 0)}) pages.push_back(std::move(single));
+    return pages;
+  }
+  ReadOnlyMultiBitmap multi = OpenForReading(format, path, PageLoadFlags(format));
+  if (!multi) return pages;
+  const int count = FreeImage_GetPageCount(multi.get());
+  for (int index = 0; index < count; ++index) {
+    FIBITMAP* locked = FreeImage_LockPage(multi.get(), index);
+    if (!locked) continue;
+    Bitmap copy(FreeImage_Clone(locked));
+    FreeImage_UnlockPage(multi.get(), locked, FALSE);
+    if (copy) pages.push_back(std::move(copy));
+  }
+  return pages;
+}
+
+bool SaveImageFile(FIBITMAP* dib, const std::string& path, int format, int flags) {
+  if (!dib || path.empty()) return false;
+  const FREE_IMAGE_FORMAT target = format >= 0 ? static_cast<FREE_IMAGE_FORMAT>(format)
+                                               : FreeImage_GetFIFFromFilename(path.c_str());
+  if (target < 0 || target >= FreeImage_GetFIFCount() || !FreeImage_FIFSupportsWriting(target))
+    return false;
+  ExportPage page;
+  if (!PrepareForExport(dib, target, page)) return false;
+  const bool existed = ExistsAsFile(path);
+  bool saved = FreeImage_Save(target, page.dib, path.c_str(), flags) != FALSE;
+  if (!saved && flags != 0) saved = FreeImage_Save(target, page.dib, path.c_str(), 0) != FALSE;
+  if (!saved && !existed) {
+    // The encoder opens the file before it fails: leave no broken file behind.
+    std::error_code ignored;
+    if (ExistsAsFile(path)) std::filesystem::remove(path, ignored);
+  }
+  return saved;
+}
+
+}  // namespace velmora::imaging
