@@ -1,0 +1,82 @@
+// File access behind the ini helpers: whole-file reads and writes with every error swallowed.
+#include "settings/ini_file.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <string>
+
+#include "engine/number_text.h"
+
+namespace velmora::settings {
+namespace {
+
+// The bytes of `file`; false when it can't be read to the end. `missing` tells a file that
+// isn't there from one that is there but unreadable.
+bool ReadBytes(const std::string& file, std::string& bytes, bool* missing = nullptr) {
+  if (missing) *missing = false;
+  if (file.empty()) return false;
+  std::FILE* stream = std::fopen(file.c_str(), "rb");
+  if (!stream) {
+    if (missing) *missing = errno == ENOENT;
+    return false;
+  }
+  char buffer[8192];
+  std::size_t count = 0;
+  while ((count = std::fread(buffer, 1, sizeof buffer, stream)) > 0) bytes.append(buffer, count);
+  const bool failed = std::ferror(stream) != 0;  // a folder opens but fails to read
+  std::fclose(stream);
+  return !failed;
+}
+
+}  // namespace
+
+IniDocument LoadIniDocument(const std::string& file) {
+  std::string bytes;
+  if (!ReadBytes(file, bytes)) return IniDocument();
+  return IniDocument(bytes);
+}
+
+bool LoadIniDocumentForEdit(const std::string& file, IniDocument& document) {
+  std::string bytes;
+  bool missing = false;
+  if (ReadBytes(file, bytes, &missing)) {
+    document = IniDocument(bytes);
+    return true;
+  }
+  document = IniDocument();
+  return missing;
+}
+
+bool StoreIniDocument(const IniDocument& document, const std::string& file) {
+  if (file.empty()) return false;
+  std::FILE* stream = std::fopen(file.c_str(), "wb");
+  if (!stream) return false;
+  const std::string bytes = document.Serialize();
+  const bool written = std::fwrite(bytes.data(), 1, bytes.size(), stream) == bytes.size();
+  return std::fclose(stream) == 0 && written;
+}
+
+std::string ReadIni(std::string_view section, std::string_view key, const std::string& file) {
+  return LoadIniDocument(file).Get(section, key);
+}
+
+void WriteIni(std::string_view section, std::string_view key, const std::string& value, const std::string& file) {
+  IniDocument document;
+  if (file.empty() || !LoadIniDocumentForEdit(file, document)) return;
+  document.Set(section, key, value);
+  StoreIniDocument(document, file);
+}
+
+void WriteIni(std::string_view section, std::string_view key, const char* value, const std::string& file) {
+  WriteIni(section, key, std::string(value ? value : ""), file);
+}
+
+void WriteIni(std::string_view section, std::string_view key, std::int32_t value, const std::string& file) {
+  WriteIni(section, key, std::to_string(value), file);
+}
+
+void WriteIni(std::string_view section, std::string_view key, bool value, const std::string& file) {
+  WriteIni(section, key, std::string(engine::BooleanWord(value)), file);
+}
+
+}  // namespace velmora::settings
