@@ -36,17 +36,6 @@ TEST(IniDocument, LongValuesComeBackCutTo254Characters) {
   EXPECT_EQ(document.Get("S", "k"), std::string(254, 'w'));
 }
 
-TEST(IniDocument, FirstOfRepeatedSectionsAndKeysWins) {
-  const IniDocument document("[S]\nk=first\nk=second\n[s]\nk=third\n");
-  EXPECT_EQ(document.Get("S", "k"), "first");
-}
-
-TEST(IniDocument, LinesBeforeTheFirstSectionBelongToNone) {
-  const IniDocument document("k=loose\n[S]\nother=1\n");
-  EXPECT_EQ(document.Get("", "k"), "");
-  EXPECT_EQ(document.Get("S", "k"), "");
-}
-
 TEST(IniDocument, WriteReplacesTheValueInPlace) {
   IniDocument document("; note\r\n[Main]\r\nA=1\r\nLastProfile=old\r\nZ=9\r\n");
   document.Set("main", "lastprofile", "new");
@@ -90,17 +79,6 @@ TEST(IniDocument, ForeignKeysSectionsAndOddLinesStayByteForByte) {
   document.Set("MINE", "key", "new");
   EXPECT_EQ(document.Serialize(),
             "junk before\r\n[Mine]\r\nKey=new\r\nforeign=keep me\r\nno equals here\r\n\r\n[Foreign]\r\n1=x\r\n");
-}
-
-TEST(IniDocument, RewritingTheSameValuesChangesNoByte) {
-  IniDocument document;
-  document.Set("S", "1", "a");
-  document.Set("S", "2", "b");
-  const std::string first = document.Serialize();
-  IniDocument again(first);
-  again.Set("S", "1", "a");
-  again.Set("S", "2", "b");
-  EXPECT_EQ(again.Serialize(), first);
 }
 
 }  // namespace

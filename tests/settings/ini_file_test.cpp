@@ -33,14 +33,6 @@ TEST(IniFile, IntegersAreDecimalAndBooleansAreWords) {
   EXPECT_EQ(ReadWholeFile(file), "[S]\r\nshort=-1\r\nlong=2000000000\r\nyes=True\r\nno=False\r\ntext=literal\r\n");
 }
 
-TEST(IniFile, AThreeHundredCharacterValueComesBackCut) {
-  TempFolder temp;
-  const std::string file = temp.file("long.ini");
-  WriteIni("S", "k", std::string(300, 'x'), file);
-  EXPECT_EQ(ReadIni("S", "k", file), std::string(254, 'x'));
-  EXPECT_NE(ReadWholeFile(file).find(std::string(300, 'x')), std::string::npos);  // the file holds it all
-}
-
 TEST(IniFile, WriteLeavesTheRestOfAHandWrittenFileAlone) {
   TempFolder temp;
   const std::string file = temp.file("mixed.ini");

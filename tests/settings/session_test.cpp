@@ -162,14 +162,5 @@ TEST(FileExists, AFolderCountsAndNothingDoesNot) {
   EXPECT_FALSE(FileExists(""));
 }
 
-TEST(MakePath, CreatesEveryFolderUpToTheLastSeparator) {
-  TempFolder temp;
-  MakePath(temp.slash() + "a/b/c/not-this");
-  EXPECT_TRUE(fs::is_directory(temp.file("a/b/c")));
-  EXPECT_FALSE(fs::exists(temp.file("a/b/c/not-this")));
-  MakePath(temp.slash() + "a//b/d/");  // existing parts and doubled separators pass unnoticed
-  EXPECT_TRUE(fs::is_directory(temp.file("a/b/d")));
-}
-
 }  // namespace
 }  // namespace velmora::settings
