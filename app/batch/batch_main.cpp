@@ -1,0 +1,60 @@
+// The order of a batch run: command line, profile and sources checked, job loaded, output folder
+// made ready, the run, its warnings.
+#include "app/batch/batch_main.h"
+
+#include <unistd.h>
+
+#include "app/batch/batch_job.h"
+#include "app/batch/batch_options.h"
+#include "app/batch/batch_sources.h"
+#include "app/batch/batch_view.h"
+#include "engine/go_process.h"
+
+namespace velmora::app {
+namespace {
+
+int Fail(std::FILE* err, int code, const std::string& message) {
+  std::fprintf(err, "velmora-batch: %s\n", message.c_str());
+  if (code == kExitUsage) std::fputs("Try 'velmora-batch --help' for more information.\n", err);
+  return code;
+}
+
+}  // namespace
+
+int RunBatch(const std::vector<std::string>& arguments, std::FILE* out, std::FILE* err) {
+  const ParsedArguments parsed = ParseBatchArguments(arguments);
+  if (!parsed.error.empty()) return Fail(err, kExitUsage, parsed.error);
+  const BatchOptions& options = parsed.options;
+  if (options.help) {
+    std::fputs(BatchHelpText().c_str(), out);
+    return kExitOk;
+  }
+  if (options.version) {
+    std::fputs(BatchVersionText().c_str(), out);
+    return kExitOk;
+  }
+
+  // Nothing is written until the profile and every source are known to be there.
+  if (options.profile) {
+    if (const std::string problem = CheckProfilePath(*options.profile); !problem.empty())
+      return Fail(err, kExitFailure, problem);
+  }
+  const CollectedSources sources = CollectSources(options.sources);
+  if (!sources.error.empty()) return Fail(err, kExitFailure, sources.error);
+  if (sources.list.rows.empty())
+    return Fail(err, kExitFailure, "no source images found: the files given are empty or already listed, "
+                                   "and the folders given hold no image files");
+
+  engine::AppState state;
+  LoadBatchJob(state, options);
+  ApplyOverrides(state, options);
+  if (const std::string problem = PrepareOutputFolder(state, options.output_folder.has_value()); !problem.empty())
+    return Fail(err, kExitFailure, problem);
+
+  BatchView view(out, ::isatty(::fileno(out)) == 1, options.quiet);
+  engine::GoProcess2(state, sources.list, view);
+  for (const std::string& failure : view.failures()) std::fprintf(err, "velmora-batch: warning: %s\n", failure.c_str());
+  return kExitOk;
+}
+
+}  // namespace velmora::app

@@ -1,0 +1,157 @@
+// Command-line parsing and the help text of velmora-batch.
+#include "app/batch/batch_options.h"
+
+#include <charconv>
+
+#include "engine/number_text.h"
+
+#ifndef VELMORA_VERSION
+#define VELMORA_VERSION "unknown"
+#endif
+
+namespace velmora::app {
+namespace {
+
+bool TakesValue(std::string_view option) {
+  return option == "--profile" || option == "--output-folder" || option == "--format" || option == "--template" ||
+         option == "--jobs";
+}
+
+// Stores one option's value; returns an error text or "".
+std::string StoreValue(BatchOptions& options, std::string_view option, const std::string& value) {
+  if (option == "--profile") {
+    if (value.empty()) return "--profile needs a file name";
+    options.profile = value;
+  } else if (option == "--output-folder") {
+    if (value.empty()) return "--output-folder needs a folder name";
+    options.output_folder = value;
+  } else if (option == "--format") {
+    options.output_format = OutputFormatFromName(value);
+    if (!options.output_format)
+      return "unknown format '" + value + "' (use bmp, jpeg, gif, png, tga, tiff or exr)";
+  } else if (option == "--template") {
+    if (value.empty()) return "--template needs a non-empty template";
+    options.name_template = value;
+  } else if (option == "--jobs") {
+    int jobs = 0;
+    const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), jobs);
+    if (error != std::errc() || end != value.data() + value.size() || jobs < 1)
+      return "--jobs needs a whole number of at least 1, not '" + value + "'";
+    options.jobs = jobs;
+  }
+  return {};
+}
+
+}  // namespace
+
+ParsedArguments ParseBatchArguments(const std::vector<std::string>& arguments) {
+  ParsedArguments parsed;
+  BatchOptions& options = parsed.options;
+  bool options_ended = false;
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    const std::string& argument = arguments[i];
+    if (options_ended || argument.size() < 2 || argument[0] != '-') {
+      options.sources.push_back(argument);
+      continue;
+    }
+    if (argument == "--") {
+      options_ended = true;
+      continue;
+    }
+    const std::size_t equals = argument.find('=');
+    const std::string name = argument.substr(0, equals);
+    if (name == "--help" || name == "-h" || name == "--version" || name == "--quiet" || name == "-q") {
+      if (equals != std::string::npos) {
+        parsed.error = name + " takes no value";
+        return parsed;
+      }
+      if (name == "--help" || name == "-h") options.help = true;
+      if (name == "--version") options.version = true;
+      if (name == "--quiet" || name == "-q") options.quiet = true;
+      continue;
+    }
+    if (!TakesValue(name)) {
+      parsed.error = "unknown option '" + name + "'";
+      return parsed;
+    }
+    std::string value;
+    if (equals != std::string::npos) {
+      value = argument.substr(equals + 1);
+    } else if (i + 1 < arguments.size()) {
+      value = arguments[++i];
+    } else {
+      parsed.error = name + " needs a value";
+      return parsed;
+    }
+    parsed.error = StoreValue(options, name, value);
+    if (!parsed.error.empty()) return parsed;
+  }
+  if (options.sources.empty() && !options.help && !options.version)
+    parsed.error = "no source images given: name at least one file or folder";
+  return parsed;
+}
+
+std::optional<std::int16_t> OutputFormatFromName(std::string_view name) {
+  static constexpr std::pair<std::string_view, std::int16_t> kNames[] = {
+      {"bmp", 0}, {"jpeg", 1}, {"jpg", 1}, {"gif", 2}, {"png", 3},
+      {"tga", 4}, {"tiff", 5}, {"tif", 5}, {"exr", 6}};
+  for (const auto& [known, index] : kNames)
+    if (engine::EqualsIgnoreCase(name, known)) return index;
+  return std::nullopt;
+}
+
+std::string BatchVersionText() { return std::string("velmora-batch ") + VELMORA_VERSION + "\n"; }
+
+std::string BatchHelpText() {
+  return R"(Usage: velmora-batch [OPTIONS] SOURCE...
+
+Converts images without a window: every page of every source goes through the
+job's chain of operations and is written under a name from the job's file-name
+template, exactly as the Velmora window would convert it.
+
+Sources are image files and folders. A folder is searched with all its
+subfolders for the file types Velmora reads (*.bmp, *.jpg, *.jpeg, *.png,
+*.gif, *.tif, *.tiff, *.ico, *.exr, *.psd and more, in any letter case): the
+files of a folder come first, type by type in that list's order and by name
+within a type, then its subfolders by name. A file named on the command line
+is taken whatever its type. Empty files, and paths already taken, are passed
+over.
+
+The job:
+  --profile FILE       run the job saved in FILE (a .profile file). Without it,
+                       the job is the profile Velmora opens at start: the last
+                       profile used, else Profiles/default.profile in the data
+                       folder (the Velmora folder in your documents folder),
+                       which is made with the defaults when it is missing.
+                       velmora-batch never saves the profile and never writes
+                       settings.ini.
+  --output-folder DIR  write into DIR instead of the job's output folder; DIR
+                       is created when missing
+  --format NAME        output format: bmp, jpeg, gif, png, tga, tiff or exr
+  --template TEXT      file-name template, such as "{Title}_{Counter}.{OutputType}"
+                       with the tokens {Title}, {SourceType}, {OutputType} and
+                       {Counter}
+  --jobs N             how many images to convert at once (N >= 1); accepted
+                       for scripts to come, images are converted one at a time
+
+Output:
+  -q, --quiet          print nothing on standard output
+  -h, --help           show this help and exit
+      --version        show the version and exit
+
+On a terminal a progress bar shows the current file; otherwise each source
+gives one line. The run ends with "Completed." and "N file(s) processed.",
+with the number of files skipped when the job skips existing output files.
+Steps that failed and were passed over (an unreadable image, a save that did
+not work) are listed afterwards as warnings on standard error. The job's "open
+the target folder" choice is a desktop action and does nothing here.
+
+Exit status:
+  0  the run took place, with or without warnings
+  1  the profile or a source does not exist, no source images were found, or
+     the output folder cannot be used; nothing was converted
+  2  bad command line
+)";
+}
+
+}  // namespace velmora::app

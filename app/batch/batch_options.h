@@ -1,0 +1,45 @@
+// The command line of velmora-batch: its options, their checks, the help and version texts, and
+// the exit codes the command ends with.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velmora::app {
+
+inline constexpr int kExitOk = 0;       // the run took place
+inline constexpr int kExitFailure = 1;  // a missing profile or source, no images, no output folder
+inline constexpr int kExitUsage = 2;    // a bad command line
+
+struct BatchOptions {
+  std::vector<std::string> sources;          // files and folders, in the order given
+  std::optional<std::string> profile;        // --profile
+  std::optional<std::string> output_folder;  // --output-folder
+  std::optional<std::int16_t> output_format; // --format, as the OutputFormat index
+  std::optional<std::string> name_template;  // --template
+  int jobs = 1;                              // --jobs: kept for a parallel run; the run is sequential
+  bool quiet = false;
+  bool help = false;
+  bool version = false;
+};
+
+struct ParsedArguments {
+  BatchOptions options;
+  std::string error;  // non-empty for a bad command line
+};
+
+// Parses the arguments after the program name. Options take their value as the next argument or
+// after "="; "--" ends the options. Without --help or --version at least one source is needed.
+ParsedArguments ParseBatchArguments(const std::vector<std::string>& arguments);
+
+// The OutputFormat index of a format name: bmp 0, jpeg (jpg) 1, gif 2, png 3, tga 4, tiff (tif) 5,
+// exr 6, in any letter case.
+std::optional<std::int16_t> OutputFormatFromName(std::string_view name);
+
+std::string BatchHelpText();
+std::string BatchVersionText();
+
+}  // namespace velmora::app

@@ -1,0 +1,12 @@
+// velmora-batch: converts images with a Velmora job from the command line, without a window.
+// See `velmora-batch --help`; the work is done by RunBatch.
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "app/batch/batch_main.h"
+
+int main(int argc, char** argv) {
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  return velmora::app::RunBatch(arguments, stdout, stderr);
+}
