@@ -89,8 +89,7 @@ struct FtpClient::Impl {
   void SetError(const std::string& operation, CURLcode code) {
     std::string words = error_text[0] ? error_text : curl_easy_strerror(code);
     // An error reply of the server says more than the library's summary of it.
-    if (!last_reply.empty() && (last_reply[0] == '4' || last_reply[0] == '5'))
-      words += "; server said: " + last_reply;
+    if (!last_reply.empty() && (last_reply[0] == '4' || last_reply[0] == '5')) words += "; server said: " + last_reply;
     SetError(operation, words, static_cast<int>(code));
   }
 
@@ -188,8 +187,8 @@ bool FtpClient::Connect(const FtpConnection& connection) {
   Disconnect();
   impl_->connection = connection;
   if (impl_->UrlFor("").empty()) {
-    const std::string words = "Not a host name and port to connect to: " + connection.Hostname + " port " +
-                              std::to_string(connection.Port);
+    const std::string words =
+        "Not a host name and port to connect to: " + connection.Hostname + " port " + std::to_string(connection.Port);
     impl_->SetError("Connect", words, static_cast<int>(CURLE_URL_MALFORMAT));
     impl_->Note("* " + words);
     return false;

@@ -14,9 +14,9 @@ struct FtpConnection {
   std::string Hostname;
   std::string Username;
   std::string Password;
-  int Port = 0;                    // 0: the protocol's default port
-  bool Secure = false;             // control and data channels protected by TLS (explicit FTPS)
-  bool Passive = true;             // passive data connections; active when false
+  int Port = 0;         // 0: the protocol's default port
+  bool Secure = false;  // control and data channels protected by TLS (explicit FTPS)
+  bool Passive = true;  // passive data connections; active when false
   long ConnectTimeoutSeconds = 5;
   bool KeepSessionLog = false;
 };

@@ -124,7 +124,8 @@ bool HttpClient::Download(const std::string& url, const std::string& local_path)
 
 HttpResponse HttpClient::SynchronousRequest(const std::string& host, int port, bool tls, const HttpRequest& request) {
   if (!impl_->easy) return {0, {}, "no HTTP handle"};
-  const std::string url = std::string(tls ? "https://" : "http://") + HostForUrl(host) + ":" + std::to_string(port) + "/";
+  const std::string url =
+      std::string(tls ? "https://" : "http://") + HostForUrl(host) + ":" + std::to_string(port) + "/";
   std::string body;
   impl_->Prepare(url, body);
   CURL* h = impl_->easy.get();

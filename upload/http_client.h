@@ -26,7 +26,7 @@ struct HttpRequest {
 };
 
 struct HttpResponse {
-  int status = 0;     // 0 when no answer came
+  int status = 0;  // 0 when no answer came
   std::string body;
   std::string error;  // why no answer came; empty otherwise
 
@@ -36,7 +36,8 @@ struct HttpResponse {
 
 class HttpClient {
  public:
-  // `extra_ca_file`: a certificate authority to trust besides the system's ones ("" for none).
+  // `extra_ca_file`: a certificate authority file to trust instead of the default bundle ("" for
+  // the default).
   explicit HttpClient(std::string extra_ca_file = {});
   ~HttpClient();
   HttpClient(const HttpClient&) = delete;

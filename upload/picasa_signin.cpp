@@ -12,8 +12,8 @@ const char kRefused[] = "Failed to login to Google Picasa. Check Username/Passwo
 // Shows the captcha of a challenge and waits for the window to close. True with the answer in
 // `answer` (and the token in `token` when the challenge carries one); false when the user gave
 // no answer.
-bool AnswerCaptcha(const std::string& body, const engine::AppState& state, UploadView& view,
-                   const ServiceHosts& hosts, std::string& token, std::string& answer) {
+bool AnswerCaptcha(const std::string& body, const engine::AppState& state, UploadView& view, const ServiceHosts& hosts,
+                   std::string& token, std::string& answer) {
   const std::string image_path = state.AppDataFolder + "/googlecaptcha.jpg";
   HttpClient image_client(hosts.ExtraCaFile);
   image_client.Download(BaseUrl("http", hosts.AccountHost, hosts.AccountHttpPort) + "/accounts/" + CaptchaPathOf(body),
@@ -54,7 +54,8 @@ std::string SignInToAlbums(HttpClient& http, const engine::AppState& state, Uplo
       continue;
     }
     if (response.status != 200 && response.status != 201) {
-      view.ShowMessage(RefusalText(kRefused, response.status, response.BodyOrError()), MessageIcon::kCritical, MessageButtons::kOk);
+      view.ShowMessage(RefusalText(kRefused, response.status, response.BodyOrError()), MessageIcon::kCritical,
+                       MessageButtons::kOk);
       return {};
     }
     const std::string token = AuthTokenOf(response.body);

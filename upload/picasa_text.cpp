@@ -77,7 +77,8 @@ std::vector<std::string> FeedEntries(std::string_view feed) {
 
 std::vector<Album> AlbumsOfFeed(std::string_view feed) {
   std::vector<Album> albums;
-  for (const std::string& entry : FeedEntries(feed)) albums.push_back({TagValue("id", entry), TagValue("title", entry)});
+  for (const std::string& entry : FeedEntries(feed))
+    albums.push_back({TagValue("id", entry), TagValue("title", entry)});
   return albums;
 }
 

@@ -7,12 +7,12 @@
 namespace velmora::upload {
 
 struct ServiceHosts {
-  std::string AccountHost;      // sign-in over HTTPS, captcha images over plain HTTP
+  std::string AccountHost;  // sign-in over HTTPS, captcha images over plain HTTP
   int AccountHttpsPort = 443;
   int AccountHttpPort = 80;
-  std::string AlbumHost;        // album feed and photo posts, plain HTTP
+  std::string AlbumHost;  // album feed and photo posts, plain HTTP
   int AlbumPort = 80;
-  std::string MakerHost;        // version file and setup package, plain HTTP
+  std::string MakerHost;  // version file and setup package, plain HTTP
   int MakerPort = 80;
   // A certificate authority file to trust instead of the default bundle; "" for the default.
   std::string ExtraCaFile;

@@ -12,8 +12,8 @@ char Lower(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' +
 
 std::size_t FindIgnoreCase(std::string_view text, std::string_view what, std::size_t from) {
   if (from > text.size() || what.size() > text.size() - from) return std::string_view::npos;
-  const auto found = std::search(text.begin() + static_cast<std::ptrdiff_t>(from), text.end(), what.begin(),
-                                 what.end(), [](char a, char b) { return Lower(a) == Lower(b); });
+  const auto found = std::search(text.begin() + static_cast<std::ptrdiff_t>(from), text.end(), what.begin(), what.end(),
+                                 [](char a, char b) { return Lower(a) == Lower(b); });
   if (found == text.end() && !what.empty()) return std::string_view::npos;
   return static_cast<std::size_t>(found - text.begin());
 }

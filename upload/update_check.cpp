@@ -23,7 +23,8 @@ UpdateOutcome Run(UploadView& view, int major, int minor, const ServiceHosts& ho
   {
     HttpClient http(hosts.ExtraCaFile);
     http.SetTimeoutMs(kTimeoutMs);
-    version_file = http.QuickGetStr(BaseUrl("http", hosts.MakerHost, hosts.MakerPort) + "/!velmora-current-version.txt");
+    version_file =
+        http.QuickGetStr(BaseUrl("http", hosts.MakerHost, hosts.MakerPort) + "/!velmora-current-version.txt");
   }
   const std::optional<double> remote = RemoteVersionOf(version_file);
   view.ShowPleaseWait(false);

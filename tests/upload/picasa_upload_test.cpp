@@ -85,8 +85,8 @@ TEST_F(PicasaUploadTest, SignsInListsAlbumsAndPostsEveryFile) {
   EXPECT_EQ(upload.Albums.size(), 3u);
   EXPECT_EQ(upload.Albums.back(), upload::Album{});
   EXPECT_TRUE(view.messages.empty());
-  EXPECT_EQ(view.files, (std::vector<std::string>{"", "File: photo.jpg", "OK", "File: drawing.png", "OK",
-                                                  "2 file(s) uploaded"}));
+  EXPECT_EQ(view.files,
+            (std::vector<std::string>{"", "File: photo.jpg", "OK", "File: drawing.png", "OK", "2 file(s) uploaded"}));
   EXPECT_EQ(view.LastStatus(), "Upload complete");
   EXPECT_EQ(view.progress_max, 1);
 }
@@ -129,9 +129,10 @@ TEST_F(PicasaUploadTest, RefusedSignIn) {
   server.SetFile("refused.txt", "Error=BadAuthentication\n");
   server.SetRoutes(std::string(kLogin) + "403 refused.txt\n");
   upload::Button6Click(state, upload, view, hosts);
-  ExpectMessage("Failed to login to Google Picasa. Check Username/Password and try again.\r\n\r\n403\r\n"
-                "Error=BadAuthentication\n",
-                MessageIcon::kCritical);
+  ExpectMessage(
+      "Failed to login to Google Picasa. Check Username/Password and try again.\r\n\r\n403\r\n"
+      "Error=BadAuthentication\n",
+      MessageIcon::kCritical);
   EXPECT_EQ(view.LastStatus(), "Failed");
 }
 

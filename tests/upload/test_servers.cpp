@@ -52,14 +52,15 @@ const std::string& PythonWithFtpLibrary() {
 bool TestCertificate::Make(const std::string& folder) {
   cert = folder + "/cert.pem";
   key = folder + "/key.pem";
-  return RunProgram({"openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-keyout", key, "-out", cert,
-                     "-days", "2", "-subj", "/CN=127.0.0.1", "-addext", "subjectAltName=IP:127.0.0.1"}) == 0;
+  return RunProgram({"openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-keyout", key, "-out", cert, "-days",
+                     "2", "-subj", "/CN=127.0.0.1", "-addext", "subjectAltName=IP:127.0.0.1"}) == 0;
 }
 
 bool FtpTestServer::Start(const std::string& root, const std::string& user, const std::string& password,
                           const TestCertificate* certificate, long cut_after) {
-  std::vector<std::string> argv = {PythonWithFtpLibrary(), Script("ftp_test_server.py"), "--root", root, "--user",
-                                   user, "--password", password, "--cut-after", std::to_string(cut_after)};
+  std::vector<std::string> argv = {
+      PythonWithFtpLibrary(), Script("ftp_test_server.py"), "--root", root, "--user", user, "--password", password,
+      "--cut-after",          std::to_string(cut_after)};
   if (certificate) argv.insert(argv.end(), {"--cert", certificate->cert, "--key", certificate->key});
   if (argv[0].empty() || !process_.Start(argv)) return false;
   const auto ready = process_.ReadLine(kStartTimeoutMs);
@@ -89,7 +90,8 @@ std::vector<RecordedRequest> HttpTestServer::Requests() const {
   std::sort(names.begin(), names.end());
   std::vector<RecordedRequest> requests;
   for (const auto& name : names)
-    requests.push_back(ParseRequest(ReadWholeFile(name.string()), name.filename().string().find("-tls") != std::string::npos));
+    requests.push_back(
+        ParseRequest(ReadWholeFile(name.string()), name.filename().string().find("-tls") != std::string::npos));
   return requests;
 }
 

@@ -76,7 +76,8 @@ TEST_F(UpdateCheckTest, MissingOrMisplacedBracketsAndFailedFetchesFail) {
 }
 
 TEST_F(UpdateCheckTest, UnreachableSitesFail) {
-  for (const auto& [host, port] : {std::pair<std::string, int>{"www.velmora.invalid", 80}, {"127.0.0.1", ClosedPort()}}) {
+  for (const auto& [host, port] :
+       {std::pair<std::string, int>{"www.velmora.invalid", 80}, {"127.0.0.1", ClosedPort()}}) {
     view.messages.clear();
     view.wait_shows = 0;
     hosts.MakerHost = host;
