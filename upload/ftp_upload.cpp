@@ -61,6 +61,7 @@ void Run(const engine::AppState& state, UploadState& upload, UploadView& view, c
     view.ShowMessage(MsgErr(ftp->LastErrorXml()), MessageIcon::kExclamation, MessageButtons::kOk);
     view.SetStatus("Failed");
     view.SetFile("");
+    ftp->Disconnect();
   } else {
     if (!ftp->SetBinaryMode())
       view.ShowMessage(MsgErr(ftp->LastErrorXml()), MessageIcon::kExclamation, MessageButtons::kOk);
@@ -71,7 +72,6 @@ void Run(const engine::AppState& state, UploadState& upload, UploadView& view, c
     ftp->Disconnect();
     view.ShowSessionLog(ftp->SessionLog());
   }
-  ftp->Disconnect();
   ftp->OnBeginUploadFile = nullptr;
   ftp->OnEndUploadFile = nullptr;
 }
