@@ -1,0 +1,93 @@
+#include "controls/property_bag.h"
+
+#include <gtest/gtest.h>
+
+#include "controls/ole_color.h"
+
+namespace velmora::controls {
+namespace {
+
+TEST(PropertyBag, KeysMatchWithoutCaseAndKeepTheirFirstPlace) {
+  PropertyBag bag;
+  bag.write("ButtonShape", qint64(3));
+  bag.write("Caption", QString("Go"));
+  bag.write("BUTTONSHAPE", qint64(5));
+  EXPECT_EQ(bag.keys(), (QStringList{"ButtonShape", "Caption"}));
+  EXPECT_EQ(bag.read_int("buttonshape", 0), 5);
+}
+
+TEST(PropertyBag, DefaultsAndNullPicturesAreLeftOut) {
+  PropertyBag bag;
+  bag.write("A", qint64(1), qint64(1));
+  bag.write("B", true, true);
+  bag.write("C", QImage(), QImage());
+  bag.write("D", qint64(2), qint64(1));
+  EXPECT_EQ(bag.keys(), QStringList{"D"});
+}
+
+TEST(PropertyBag, TypedReadsFallBack) {
+  PropertyBag bag;
+  bag.write("Number", qint64(-1));
+  bag.write("Flag", true);
+  bag.write("Text", QString("x"));
+  EXPECT_EQ(bag.read_int("Missing", 7), 7);
+  EXPECT_TRUE(bag.read_bool("Number", false));
+  EXPECT_EQ(bag.read_int("Flag", 0), -1);
+  EXPECT_EQ(bag.read_int("Text", 9), 9);
+  EXPECT_EQ(bag.read_string("Number", "fallback"), "fallback");
+  EXPECT_TRUE(bag.read_image("Text").isNull());
+}
+
+TEST(PropertyBag, TextRoundTripKeepsEveryKind) {
+  PropertyBag bag;
+  QImage picture(3, 2, QImage::Format_ARGB32);
+  picture.fill(qRgba(10, 20, 30, 255));
+  picture.setPixel(1, 1, qRgba(200, 100, 50, 128));
+  QFont font("DejaVu Sans");
+  font.setPointSize(11);
+  font.setBold(true);
+  bag.write("BackColor", qint64(0x8000000F));
+  bag.write("FocusRect", false);
+  bag.write("Caption", QString("Say \"hi\"\\\nnext\tline"));
+  bag.write("Picture", picture);
+  bag.write("Font", font);
+  const QString text = bag.to_text();
+  EXPECT_TRUE(
+      text.startsWith("BackColor = 2147483663\nFocusRect = False\nCaption = \"Say "
+                      "\\\"hi\\\"\\\\\\nnext\\tline\"\n"));
+  const PropertyBagParse parsed = parse_property_bag(text);
+  ASSERT_TRUE(parsed.ok()) << parsed.error.toStdString();
+  EXPECT_EQ(parsed.bag.keys(), bag.keys());
+  EXPECT_EQ(static_cast<OleColor>(parsed.bag.read_int("BackColor", 0)), 0x8000000Fu);
+  EXPECT_FALSE(parsed.bag.read_bool("FocusRect", true));
+  EXPECT_EQ(parsed.bag.read_string("Caption", ""), "Say \"hi\"\\\nnext\tline");
+  EXPECT_EQ(parsed.bag.read_image("Picture").convertToFormat(QImage::Format_ARGB32), picture);
+  EXPECT_EQ(parsed.bag.read_font("Font", QFont()), font);
+}
+
+TEST(PropertyBag, ParseStopsAtTheFirstBadLine) {
+  const PropertyBagParse parsed =
+      parse_property_bag("ButtonShape = 2\n\nCaption = \"open\nButtonStyle = 3\n");
+  EXPECT_FALSE(parsed.ok());
+  EXPECT_EQ(parsed.error_line, 3);
+  EXPECT_EQ(parsed.bag.keys(), QStringList{"ButtonShape"});
+  EXPECT_FALSE(parse_property_bag("= 4").ok());
+  EXPECT_FALSE(parse_property_bag("Value = maybe").ok());
+  EXPECT_TRUE(parse_property_bag("Value = true\n  \n").ok());
+}
+
+TEST(OleColor, TranslatesSystemColoursThroughTheFixedPalette) {
+  EXPECT_EQ(translate_color(0x8000000F), ole_rgb(240, 240, 240));
+  EXPECT_EQ(translate_color(0x80000010), ole_rgb(160, 160, 160));
+  EXPECT_EQ(translate_color(0x80000014), ole_rgb(255, 255, 255));
+  EXPECT_EQ(translate_color(0x80000015), ole_rgb(105, 105, 105));
+  EXPECT_EQ(translate_color(0x80000011), ole_rgb(109, 109, 109));
+  EXPECT_EQ(translate_color(0x80000040), 0u);
+  EXPECT_EQ(translate_color(0x01336699), 0x336699u);
+  EXPECT_EQ(to_rgb(0x00FF8040),
+            qRgb(0x40, 0x80, 0xFF));  // bytes are red, green, blue from the low end
+  EXPECT_EQ(ole_from_qcolor(QColor(0x40, 0x80, 0xFF)), 0x00FF8040u);
+}
+
+}  // namespace
+}  // namespace velmora::controls
