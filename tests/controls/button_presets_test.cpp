@@ -1,0 +1,140 @@
+#include "controls/button_presets.h"
+
+#include <gtest/gtest.h>
+
+namespace velmora::controls {
+namespace {
+
+TEST(ButtonDefaults, MatchTheDeclaredTable) {
+  const ButtonProperties p = new_button_properties("Button7");
+  EXPECT_EQ(p.ButtonShape, 0);
+  EXPECT_EQ(p.ButtonStyle, 1);
+  EXPECT_EQ(p.ButtonStyleColors, 1);
+  EXPECT_EQ(p.ButtonTheme, 0);
+  EXPECT_EQ(p.ButtonType, 0);
+  EXPECT_EQ(p.CaptionAlignment, 2);
+  EXPECT_EQ(p.CaptionEffect, 0);
+  EXPECT_EQ(p.CaptionStyle, 0);
+  EXPECT_EQ(p.DropDown, 0);
+  EXPECT_EQ(p.PictureAlignment, 2);
+  EXPECT_EQ(p.BackColor, 0x8000000Fu);
+  EXPECT_EQ(p.BackColorPressed, 0x8000000Fu);
+  EXPECT_EQ(p.BackColorHover, 0x8000000Fu);
+  EXPECT_EQ(p.BorderColor, 0u);
+  EXPECT_EQ(p.BorderColorPressed, 0u);
+  EXPECT_EQ(p.BorderColorHover, 0u);
+  EXPECT_EQ(p.ForeColor, 0u);
+  EXPECT_EQ(p.ForeColorPressed, 255u);
+  EXPECT_EQ(p.ForeColorHover, 0xFF0000u);
+  EXPECT_EQ(p.EffectColor, 0xFFFFFFu);
+  EXPECT_EQ(p.Caption, "Button7");
+  EXPECT_TRUE(p.FocusRect);
+  EXPECT_FALSE(p.Value);
+  EXPECT_FALSE(p.HandPointer);
+  EXPECT_TRUE(p.Picture.isNull());
+  EXPECT_FALSE(p.PictureGray);
+  EXPECT_TRUE(p.Enabled);
+  EXPECT_EQ(p.Font.family(), "Tahoma");
+  EXPECT_EQ(p.MousePointer, 0);
+  EXPECT_TRUE(p.MouseIcon.isNull());
+}
+
+TEST(ButtonStylePreset, FaceColoursOfEachStyle) {
+  struct Row {
+    int style;
+    OleColor normal, hover, pressed;
+  };
+  const Row rows[] = {
+      {1, 0x8000000F, 0x8000000F, 0x8000000F}, {2, 0x8000000F, 0x8000000F, 0x8000000F},
+      {3, 0x8000000F, 0x8000000F, 0x8000000F}, {4, 0x8000000F, 0x8000000F, 0x999999},
+      {5, 0x8000000F, 0xB6A59F, 0xAF8C80},     {6, 0xD2DEDD, 0xFFFFFF, 0xFFFFFF},
+      {7, 0xD8D8D8, 0xF7DBA5, 0xEFCE92},       {8, 0x80000001, 0x80000001, 0x80000001},
+  };
+  for (const Row& row : rows) {
+    ButtonProperties p;
+    p.BackColor = p.BackColorHover = p.BackColorPressed = 0x123456;
+    apply_button_style(p, row.style);
+    EXPECT_EQ(p.ButtonStyle, row.style);
+    EXPECT_EQ(p.BackColor, row.normal) << "style " << row.style;
+    EXPECT_EQ(p.BackColorHover, row.hover) << "style " << row.style;
+    EXPECT_EQ(p.BackColorPressed, row.pressed) << "style " << row.style;
+  }
+}
+
+TEST(ButtonStylePreset, Style4PullsFillToSolidUnlessNone) {
+  ButtonProperties p;
+  p.ButtonStyleColors = 0;
+  apply_button_style(p, 4);
+  EXPECT_EQ(p.ButtonStyleColors, 0);
+  p.ButtonStyleColors = 2;
+  apply_button_style(p, 4);
+  EXPECT_EQ(p.ButtonStyleColors, 1);
+}
+
+TEST(ButtonStylePreset, Style6PullsFillToVerticalUnlessNone) {
+  ButtonProperties p;
+  p.ButtonStyleColors = 0;
+  apply_button_style(p, 6);
+  EXPECT_EQ(p.ButtonStyleColors, 0);
+  p.ButtonStyleColors = 5;
+  apply_button_style(p, 6);
+  EXPECT_EQ(p.ButtonStyleColors, 3);
+  p.ButtonStyleColors = 5;
+  apply_button_style(p, 7);
+  EXPECT_EQ(p.ButtonStyleColors, 5);
+}
+
+TEST(ButtonStylePreset, UnknownStyleWritesNoColour) {
+  ButtonProperties p;
+  p.BackColor = 0x111111;
+  apply_button_style(p, 9);
+  EXPECT_EQ(p.ButtonStyle, 9);
+  EXPECT_EQ(p.BackColor, 0x111111u);
+  apply_button_style(p, 0);
+  EXPECT_EQ(p.BackColor, 0x111111u);
+}
+
+TEST(ButtonThemePreset, ZeroLeavesEveryColour) {
+  ButtonProperties p;
+  p.BackColor = 1;
+  p.BackColorHover = 2;
+  p.BackColorPressed = 3;
+  p.BorderColor = 4;
+  p.BorderColorHover = 5;
+  p.BorderColorPressed = 6;
+  const ButtonProperties before = p;
+  apply_button_theme(p, 0);
+  EXPECT_EQ(p.ButtonTheme, 0);
+  EXPECT_EQ(p.BackColor, before.BackColor);
+  EXPECT_EQ(p.BackColorHover, before.BackColorHover);
+  EXPECT_EQ(p.BackColorPressed, before.BackColorPressed);
+  EXPECT_EQ(p.BorderColor, before.BorderColor);
+  EXPECT_EQ(p.BorderColorHover, before.BorderColorHover);
+  EXPECT_EQ(p.BorderColorPressed, before.BorderColorPressed);
+}
+
+TEST(ButtonThemePreset, ThemesReplaceFaceAndBorderColours) {
+  struct Row {
+    int theme;
+    OleColor normal, hover, pressed;
+  };
+  const Row rows[] = {
+      {1, 0xF1B39A, 0xFDF7F4, 0xFAE6DD}, {2, 0x3DB4A2, 0xDFF4F2, 0xB8E7E0},
+      {3, 0xB5A09D, 0xF7F5F4, 0xECE7E6}, {4, 0xABC2C2, 0xF2F8F8, 0xE6EDEE},
+      {5, 0x02C5F5, 0xE2F9FF, 0xAFEFFE}, {6, 0x26368B, 0x4763FF, 0x425CEE},
+      {7, 0x578B2E, 0x9FFF54, 0x80CD43}, {8, 0x8B4027, 0xFF7648, 0xCD5F3A},
+  };
+  for (const Row& row : rows) {
+    ButtonProperties p;
+    apply_button_theme(p, row.theme);
+    EXPECT_EQ(p.BackColor, row.normal) << "theme " << row.theme;
+    EXPECT_EQ(p.BackColorHover, row.hover) << "theme " << row.theme;
+    EXPECT_EQ(p.BackColorPressed, row.pressed) << "theme " << row.theme;
+    EXPECT_EQ(p.BorderColor, 0xFF0000u);
+    EXPECT_EQ(p.BorderColorHover, 0xFF0000u);
+    EXPECT_EQ(p.BorderColorPressed, 0xFF0000u);
+  }
+}
+
+}  // namespace
+}  // namespace velmora::controls
