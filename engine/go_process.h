@@ -7,8 +7,14 @@
 
 namespace velmora::engine {
 
-// Runs the job that `state` describes over `sources`, reporting through `view`.
-// Reads state.preview.PreviewMode; writes WrittenFiles and SkipCounter.
-void GoProcess2(AppState& state, const SourceList& sources, RunView& view);
+struct RunOptions {
+  // Workers that convert sources at the same time; 0 means one per core. The files written are
+  // the same whatever the number.
+  int jobs = 0;
+};
+
+// Runs the job that `state` describes over `sources`, reporting through `view` on the calling
+// thread. Reads state.preview.PreviewMode; writes WrittenFiles, SkipCounter and the font values.
+void GoProcess2(AppState& state, const SourceList& sources, RunView& view, const RunOptions& options = {});
 
 }  // namespace velmora::engine

@@ -1,34 +1,28 @@
-// What one conversion run carries while it goes: the back end, the job, the surroundings and the
-// state passed from page to page. Split into the plan of a source (its output name, decided in
-// row order) and the execution of its pages.
+// What one conversion run carries while it goes: the back end, the settled job, the program
+// state it writes back to, the surroundings and the index page. The run decides names and
+// writes files in row order; the pixel work on sources happens in the executor.
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 
 #include "engine/app_state.h"
-#include "engine/encoder.h"
 #include "engine/html_index.h"
-#include "engine/ops/chain_state.h"
+#include "engine/run_job.h"
 #include "engine/run_view.h"
+#include "engine/source_work.h"
 #include "imaging/imaging_library.h"
 
 namespace velmora::engine {
 
 struct RunContext {
-  RunContext(AppState& app_state, RunView& run_view)
-      : state(app_state), view(run_view), chain(app_state.font) {}
+  RunContext(AppState& app_state, RunView& run_view) : state(app_state), view(run_view) {}
 
   imaging::ImagingLibrary lib;
   AppState& state;
   RunView& view;
-  ChainState chain;
-  OutputTarget target;
-  std::int32_t SaveFlags = 0;
+  RunJob job;
   std::optional<HtmlIndex> html;  // present when GenerateHtmlIndex is on
-
-  bool preview() const { return state.preview.PreviewMode != kFalse; }
 };
 
 // The output decision for one source: its path, its row (zero-based) and the name it will be
@@ -39,19 +33,13 @@ struct SourcePlan {
   std::string TargetPath;
 };
 
-// Loads a file as one image: icons with their alpha channel, anything else by its content.
-void LoadSinglePage(imaging::ImagingLibrary& lib, const std::string& path, imaging::Handle& page);
-
-// Expands the template for `row` and applies the collision policy against the files on disk.
+// Expands the template for `row` and applies the collision policy against the files on disk,
+// which by then hold everything the rows before it wrote.
 SourcePlan PlanSource(RunContext& run, const std::string& path, std::int64_t row);
 
-// Loads every page of the planned source and sends each through the chain and the encoder.
-void ExecuteSource(RunContext& run, const SourcePlan& plan);
-
-// The work on one page: metadata aside, the chain, the index cell, depth, flags and save.
-// `page_upper_bound` is the number of pages of the source minus one; `TargetPath` may be
-// renamed by a per-page save.
-void ProcessPage(RunContext& run, imaging::Handle& page, int page_index, int page_upper_bound,
-                 const SourcePlan& plan, std::string& TargetPath);
+// Shows the page steps of a finished source and writes its pages, in order: the percent texts of
+// the chain, the index cell, then the file. Returns the name of the last page written (the
+// preview file in a preview).
+std::string CommitSource(RunContext& run, const SourcePlan& plan, FinishedSource& finished);
 
 }  // namespace velmora::engine

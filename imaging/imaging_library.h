@@ -34,6 +34,11 @@ struct DisplayPicture {
   std::vector<std::uint8_t> rgba;
 };
 
+// A page encoded in an output format, ready to be written as a file.
+struct EncodedImage {
+  std::vector<std::uint8_t> bytes;
+};
+
 // Everything DrawWatermarkText receives, in the order of its arguments.
 struct TextDrawRequest {
   std::string text;
@@ -72,6 +77,11 @@ class ImagingLibrary {
   void AppendPageToFile(const std::string& path, Handle image, int fixed1, int flags, int fixed2,
                         CallResult& result);
   void FlushAppendedPages();
+  // The two halves of FreeImage_Save, so that encoding can run on other threads than writing:
+  // the page encoded (after the same depth conversion) into memory, and those bytes written to
+  // `path`. Nothing is written when the bytes are empty.
+  void EncodeImage(Handle image, int format, int flags, EncodedImage& encoded, CallResult& result);
+  void WriteEncodedImage(const EncodedImage& encoded, const std::string& path, CallResult& result);
 
   // Queries; a 0 or unknown handle gives 0.
   void FreeImage_GetWidth(Handle image, std::uint32_t& width);

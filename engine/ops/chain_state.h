@@ -18,15 +18,18 @@ struct TextAxis {
 };
 
 struct ChainState {
-  explicit ChainState(FontState& run_font) : font(run_font) {}
-
-  FontState& font;
+  FontState font;
   std::int32_t resize_width = 0, resize_height = 0;
   TextAxis text_horizontal, text_vertical;
   std::int32_t image_left = 0, image_top = 0;
-  // One watermark image per run: a failed load leaves the previous one in place.
+  // One watermark image at a time: a failed load leaves the previous one in place. A handle
+  // handed in from outside (owns_watermark false) is shared and never released here.
   imaging::Handle watermark = 0;
+  bool owns_watermark = false;
 };
+
+// Frees the watermark image the chain loaded itself.
+void ReleaseOwnedWatermark(imaging::ImagingLibrary& lib, ChainState& chain);
 
 // Applies one operation to `page`; a Kind outside 0 to 6 does nothing. Each returns false when a
 // back-end call failed; the page is then what the calls that worked left.

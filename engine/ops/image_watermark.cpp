@@ -19,13 +19,19 @@ void Place(std::int32_t& position, std::int16_t align, std::int32_t offset, std:
 
 }  // namespace
 
+void ReleaseOwnedWatermark(imaging::ImagingLibrary& lib, ChainState& chain) {
+  if (chain.owns_watermark) lib.Release(chain.watermark);
+  chain.owns_watermark = false;
+}
+
 bool ApplyImageWatermark(imaging::ImagingLibrary& lib, imaging::Handle& page, const Block& block, ChainState& chain) {
   imaging::CallResult result = 0;
   imaging::Handle loaded = 0;
   lib.FreeImage_Load(block.WatermarkSource, loaded, -1, 0, result);
   if (loaded != 0) {
-    lib.Release(chain.watermark);
+    ReleaseOwnedWatermark(lib, chain);
     chain.watermark = loaded;
+    chain.owns_watermark = true;
   }
   std::uint32_t w = 0, h = 0, ww = 0, wh = 0;
   lib.FreeImage_GetWidth(page, w);

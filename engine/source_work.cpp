@@ -1,0 +1,102 @@
+// Loading, chain, depth conversion, metadata and encoding of one source's pages.
+#include "engine/source_work.h"
+
+#include "engine/number_text.h"
+#include "engine/paths.h"
+
+namespace velmora::engine {
+namespace {
+
+using imaging::CallResult;
+using imaging::Handle;
+
+const char* KindName(std::int16_t kind) {
+  static const char* const kNames[] = {"Resize", "Rotate", "Mirror", "Watermark", "Effect",
+                                       "Brightness/Contrast", "Gamma correction"};
+  return kind >= 0 && kind <= 6 ? kNames[kind] : "Unknown";
+}
+
+std::vector<Handle> LoadPages(imaging::ImagingLibrary& lib, const std::string& path, bool first_only) {
+  std::vector<Handle> pages;
+  std::int32_t count = first_only ? 1 : 0, unused = 0;
+  CallResult result = 0;
+  if (!first_only) lib.CountPages(path, count, result);
+  if (count == 1) {
+    pages.assign(1, 0);
+    LoadSinglePage(lib, path, pages[0]);
+  } else {
+    lib.LoadAllPages(path, pages, unused, result);
+  }
+  // A source that can't be read still goes through the page steps with an empty handle: every
+  // operation and the save fail quietly, and its name is still recorded.
+  if (pages.empty()) pages.assign(1, 0);
+  return pages;
+}
+
+// The operations may replace the page, so its metadata waits in a blank image of the same shape.
+Handle KeepMetadataAside(imaging::ImagingLibrary& lib, Handle page) {
+  std::uint32_t w = 0, h = 0, bpp = 0;
+  lib.FreeImage_GetWidth(page, w);
+  lib.FreeImage_GetHeight(page, h);
+  lib.FreeImage_GetBPP(page, bpp);
+  Handle holder = 0;
+  CallResult result = 0;
+  lib.FreeImage_Allocate(holder, static_cast<std::int32_t>(w), static_cast<std::int32_t>(h),
+                         static_cast<std::int32_t>(bpp), 0, 0, 0, result);
+  lib.CopyMetadata(page, holder, result);
+  return holder;
+}
+
+void RunChain(const RunJob& job, imaging::ImagingLibrary& lib, Handle& page, ChainState& chain,
+              const std::string& path, int page_index, std::vector<std::string>& failures) {
+  for (std::int32_t b = 0; b < job.blocks.UpperBound(); ++b) {
+    const bool worked = ApplyBlock(lib, page, job.blocks[b], chain);
+    if (!worked && page != 0)
+      failures.push_back(std::string(KindName(job.blocks[b].Kind)) + " (operation " + std::to_string(b + 1) +
+                         ") failed on page " + std::to_string(page_index) + " of " + path);
+  }
+}
+
+}  // namespace
+
+void LoadSinglePage(imaging::ImagingLibrary& lib, const std::string& path, Handle& page) {
+  CallResult result = 0;
+  if (EqualsIgnoreCase(ExtensionOfPath(path), "ICO"))
+    lib.FreeImage_Load(path, page, imaging::kFormatIco, 1, result);
+  else
+    lib.FreeImage_Load(path, page, imaging::kFormatUnknown, 0, result);
+}
+
+FinishedSource TransformSource(const RunJob& job, imaging::ImagingLibrary& lib, const std::string& path,
+                               ChainState& chain) {
+  FinishedSource finished;
+  std::vector<Handle> pages = LoadPages(lib, path, job.preview);
+  if (pages.size() == 1 && pages[0] == 0) finished.failures.push_back("cannot read " + path);
+  const bool multipage_file = pages.size() > 1 && WritesMultipageFile(job.output);
+
+  for (std::size_t p = 0; p < pages.size(); ++p) {
+    Handle& page = pages[p];
+    const Handle holder = KeepMetadataAside(lib, page);
+    RunChain(job, lib, page, chain, path, static_cast<int>(p), finished.failures);
+    ConvertDepth(lib, page, job.output);
+    CallResult result = 0;
+    lib.CopyMetadata(holder, page, result);
+    lib.Release(holder);
+
+    FinishedPage done;
+    done.readable = page != 0;
+    if (!multipage_file) {
+      lib.EncodeImage(page, job.target.OutputFormatNumber, job.SaveFlags, done.encoded, result);
+      done.encoded_ok = result != 0;
+    }
+    if (multipage_file || job.preview) {
+      done.page = page;
+    } else {
+      lib.Release(page);  // a page that is encoded is not needed again
+    }
+    finished.pages.push_back(std::move(done));
+  }
+  return finished;
+}
+
+}  // namespace velmora::engine

@@ -1,0 +1,20 @@
+// Encoding a page into memory in an output format, and writing encoded bytes to a file: the two
+// halves of a save, so that the encoding can happen away from the thread that writes.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "imaging/bitmap.h"
+
+namespace velmora::imaging {
+
+// Encodes `dib` after converting a copy to what `format` takes; flags the encoder refuses are
+// dropped rather than encoding nothing. False (and `bytes` empty) when nothing could be encoded.
+bool EncodeToMemory(FIBITMAP* dib, int format, int flags, std::vector<std::uint8_t>& bytes);
+
+// Writes `bytes` as the whole file at `path`. A write that fails leaves no partial file behind.
+bool WriteBytesToFile(const std::vector<std::uint8_t>& bytes, const std::string& path);
+
+}  // namespace velmora::imaging

@@ -1,0 +1,125 @@
+// A run on several workers writes the same files, byte for byte, as a run on one, and shows the
+// same texts: names, collision policies, multi-page sources and the index all settle in row order.
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "scripts/sample_images.h"
+#include "tests/engine/run_fixture.h"
+
+namespace velmora::engine {
+namespace {
+
+using FolderBytes = std::map<std::string, std::string>;
+
+FolderBytes ReadFolder(const std::filesystem::path& folder) {
+  FolderBytes files;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder))
+    if (entry.is_regular_file())
+      files[std::filesystem::relative(entry.path(), folder).string()] = testing::ReadWholeFile(entry.path().string());
+  return files;
+}
+
+struct RunOutcome {
+  FolderBytes files;
+  std::vector<std::string> written, statuses, labels, failures, file_lines;
+  FontState font;
+};
+
+class ParallelRun : public ::testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    samples_ = new testing::TempFolder;
+    rows_ = samples::WriteSampleSet(samples_->path().string());
+    testing::WriteWholeFile(samples_->file("broken.png"), "not an image");
+    samples::WritePhotoJpeg(samples_->file("mark.jpg"), 10, 6);
+    // Every sample twice, so that later rows collide with the names of earlier ones.
+    const std::vector<std::string> once = rows_;
+    rows_.insert(rows_.end(), once.begin(), once.end());
+    rows_.insert(rows_.begin() + 3, samples_->file("broken.png"));
+  }
+  static void TearDownTestSuite() { delete samples_; }
+
+  static AppState Job(const std::string& folder, std::int16_t policy, std::int16_t format, std::int16_t multipage) {
+    AppState state = MakeJob(folder);
+    state.settings.IfOutputFileExists = policy;
+    state.settings.GenerateHtmlIndex = kTrue;
+    state.output.OutputFormat = format;
+    state.output.MultipageMode = multipage;
+    state.output.NameTemplate = "{title}.{outputtype}";
+    Block text = NewBlock(kWatermark, 0);
+    text.WatermarkSource = "Velmora";
+    text.WatermarkFont = "255|False|False|False|DejaVu Sans|10|True";
+    Block second_text = NewBlock(kWatermark, 0);
+    second_text.WatermarkSource = "again";
+    second_text.WatermarkFont = "16711680|True";  // inherits the rest from the page before
+    second_text.VAlign = 1;
+    Block image = NewBlock(kWatermark, 1);
+    image.WatermarkSource = samples_->file("mark.jpg");
+    Block missing_image = NewBlock(kWatermark, 1);
+    missing_image.WatermarkSource = samples_->file("missing.jpg");  // pastes the page before's mark
+    missing_image.HAlign = 1;
+    state.blocks = Blocks({NewBlock(kResize), second_text, text, missing_image, image, NewBlock(kEffect)});
+    return state;
+  }
+
+  RunOutcome RunWith(int jobs, std::int16_t policy, std::int16_t format, std::int16_t multipage) {
+    testing::TempFolder out;
+    // Files from an earlier run, for the collision policies to meet.
+    testing::WriteWholeFile(out.file("harbour.jpg"), "earlier");
+    testing::WriteWholeFile(out.file("harbour.tif"), "earlier");
+    testing::WriteWholeFile(out.file("badge.jpg"), "earlier");
+    AppState state = Job(out.slash(), policy, format, multipage);
+    testing::RecordingView view;
+    GoProcess2(state, SourceList{rows_, -1}, view, RunOptions{jobs});
+    RunOutcome outcome{ReadFolder(out.path()), state.WrittenFiles.Entries(), view.statuses, view.wait_labels,
+                       view.failures, view.files, state.font};
+    for (std::string& path : outcome.written) path = std::filesystem::relative(path, out.path()).string();
+    return outcome;
+  }
+
+  void ExpectSameOutcome(std::int16_t policy, std::int16_t format, std::int16_t multipage) {
+    const RunOutcome one = RunWith(1, policy, format, multipage);
+    const RunOutcome four = RunWith(4, policy, format, multipage);
+    ASSERT_GT(one.files.size(), rows_.size() / 2);
+    EXPECT_EQ(one.written, four.written);
+    EXPECT_EQ(one.statuses, four.statuses);
+    EXPECT_EQ(one.file_lines, four.file_lines);
+    EXPECT_EQ(one.labels, four.labels);
+    EXPECT_EQ(one.failures, four.failures);
+    EXPECT_EQ(one.font, four.font);
+    ASSERT_EQ(one.files.size(), four.files.size());
+    for (const auto& [name, bytes] : one.files) {
+      const auto other = four.files.find(name);
+      ASSERT_NE(other, four.files.end()) << name;
+      EXPECT_TRUE(bytes == other->second) << name << " differs";
+    }
+  }
+
+  static testing::TempFolder* samples_;
+  static std::vector<std::string> rows_;
+};
+testing::TempFolder* ParallelRun::samples_ = nullptr;
+std::vector<std::string> ParallelRun::rows_;
+
+TEST_F(ParallelRun, AutoRenameToJpegWithPageFiles) { ExpectSameOutcome(2, 1, 0); }
+TEST_F(ParallelRun, OverwriteToMultipageTiff) { ExpectSameOutcome(1, 5, 1); }
+TEST_F(ParallelRun, SkipToAnimatedGif) { ExpectSameOutcome(0, 2, 1); }
+
+TEST_F(ParallelRun, JobThatCarriesPageStateStillMatches) {
+  // A resize of unknown units reuses the size the previous page computed.
+  testing::TempFolder a, b;
+  for (auto* folder : {&a, &b}) {
+    AppState state = MakeJob(folder->slash());
+    Block first = NewBlock(kResize);
+    Block reuse = NewBlock(kResize);
+    reuse.Units = 7;
+    state.blocks = Blocks({reuse, first});
+    testing::RecordingView view;
+    GoProcess2(state, SourceList{rows_, -1}, view, RunOptions{folder == &a ? 1 : 4});
+  }
+  EXPECT_EQ(ReadFolder(a.path()), ReadFolder(b.path()));
+}
+
+}  // namespace
+}  // namespace velmora::engine
