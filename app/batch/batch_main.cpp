@@ -52,7 +52,7 @@ int RunBatch(const std::vector<std::string>& arguments, std::FILE* out, std::FIL
     return Fail(err, kExitFailure, problem);
 
   BatchView view(out, ::isatty(::fileno(out)) == 1, options.quiet);
-  engine::GoProcess2(state, sources.list, view);
+  engine::GoProcess2(state, sources.list, view, engine::RunOptions{options.jobs});
   for (const std::string& failure : view.failures()) std::fprintf(err, "velmora-batch: warning: %s\n", failure.c_str());
   return kExitOk;
 }

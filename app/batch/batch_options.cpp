@@ -131,8 +131,8 @@ The job:
   --template TEXT      file-name template, such as "{Title}_{Counter}.{OutputType}"
                        with the tokens {Title}, {SourceType}, {OutputType} and
                        {Counter}
-  --jobs N             how many images to convert at once (N >= 1); accepted
-                       for scripts to come, images are converted one at a time
+  --jobs N             how many images to convert at once (N >= 1; default: one
+                       per core). The files written are the same for any N
 
 Output:
   -q, --quiet          print nothing on standard output

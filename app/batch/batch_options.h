@@ -20,7 +20,7 @@ struct BatchOptions {
   std::optional<std::string> output_folder;  // --output-folder
   std::optional<std::int16_t> output_format; // --format, as the OutputFormat index
   std::optional<std::string> name_template;  // --template
-  int jobs = 1;                              // --jobs: kept for a parallel run; the run is sequential
+  int jobs = 0;                              // --jobs: workers; 0 means one per core
   bool quiet = false;
   bool help = false;
   bool version = false;
