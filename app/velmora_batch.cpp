@@ -5,8 +5,10 @@
 #include <vector>
 
 #include "app/batch/batch_main.h"
+#include "imaging/allocator_tuning.h"
 
 int main(int argc, char** argv) {
+  velmora::imaging::KeepLargeBuffersForReuse();
   const std::vector<std::string> arguments(argv + 1, argv + argc);
   return velmora::app::RunBatch(arguments, stdout, stderr);
 }

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "engine/go_process.h"
+#include "imaging/allocator_tuning.h"
 #include "scripts/sample_images.h"
 
 namespace {
@@ -36,6 +37,8 @@ class SilentView : public velmora::engine::RunView {
 }  // namespace
 
 int main(int argc, char** argv) {
+  // Set VELMORA_BENCH_DEFAULT_MALLOC to measure with the allocator's defaults.
+  if (!std::getenv("VELMORA_BENCH_DEFAULT_MALLOC")) velmora::imaging::KeepLargeBuffersForReuse();
   int images = 8, width = 4000, height = 3000;
   std::string folder = (std::filesystem::temp_directory_path() / "velmora-bench").string();
   for (int i = 1; i + 1 < argc; i += 2) {
