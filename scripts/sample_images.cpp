@@ -61,6 +61,13 @@ bool WritePhotoJpeg(const std::string& path, int width, int height, int quality,
   return photo && FreeImage_Save(FIF_JPEG, photo.get(), path.c_str(), quality);
 }
 
+bool WritePhoto(const std::string& path, int width, int height, unsigned seed) {
+  const FREE_IMAGE_FORMAT format = FreeImage_GetFIFFromFilename(path.c_str());
+  if (format == FIF_JPEG) return WritePhotoJpeg(path, width, height, 90, seed);
+  Bitmap photo = MakePhoto(width, height, seed);
+  return photo && format != FIF_UNKNOWN && FreeImage_Save(format, photo.get(), path.c_str(), 0);
+}
+
 bool WriteAlphaPng(const std::string& path, int width, int height) {
   Bitmap photo = MakePhoto(width, height, 3, 2);
   if (!photo) return false;

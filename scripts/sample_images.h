@@ -9,6 +9,8 @@ namespace velmora::samples {
 
 // Writes a photo-like JPEG of the given size (smooth gradients, shapes and noise).
 bool WritePhotoJpeg(const std::string& path, int width, int height, int quality = 90, unsigned seed = 1);
+// Writes the same kind of photo in the format its extension names (PNG and TIFF losslessly).
+bool WritePhoto(const std::string& path, int width, int height, unsigned seed = 1);
 // Writes a 32-bit PNG with a soft alpha edge.
 bool WriteAlphaPng(const std::string& path, int width, int height);
 // Writes an 8-bit palettized BMP.
