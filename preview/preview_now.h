@@ -1,0 +1,38 @@
+// PreviewNow2: the selected source shown as it is and as the chain and output settings turn it
+// out, the latter by a conversion run in preview mode. Plain code: the worker runs it on a copy.
+#pragma once
+
+#include <cstdint>
+
+#include "engine/app_state.h"
+#include "engine/run_view.h"
+
+namespace velmora::preview {
+
+// The run's outputs plus the upper box, which shows the source.
+class PreviewView : public engine::RunView {
+ public:
+  // Inner size of the source box (prwFon2) in pixels.
+  virtual void OriginalFrameSize(int& width, int& height) = 0;
+  // The source picture (prw2) at the given place in its box; "No Image" (nim2) hidden.
+  virtual void ShowOriginal(const imaging::DisplayPicture& picture, int top, int left) = 0;
+  // An unreadable source: prw2 hidden and cleared, nim2 shown, the box cleared.
+  virtual void ShowNoOriginal() = 0;
+  // Nothing to show: prw hidden, nim shown, prw cleared, then as ShowNoOriginal.
+  virtual void ClearBoth() = 0;
+};
+
+// The fit of the source box: the ratio is single precision and the sizes 16-bit, so a size that
+// doesn't fit 16 bits leaves the picture unscaled.
+struct BoxFit {
+  bool rescale = false;
+  std::int16_t width = 0, height = 0;
+};
+BoxFit FitSourceBox(std::int64_t width, std::int64_t height, std::int64_t box_width, std::int64_t box_height);
+
+// A picture of w by h centred in a box of bw by bh: the top and left to place it at.
+void CentreInBox(int w, int h, int bw, int bh, int& top, int& left);
+
+void PreviewNow2(engine::AppState& state, const engine::SourceList& sources, PreviewView& view);
+
+}  // namespace velmora::preview

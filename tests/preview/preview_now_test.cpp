@@ -1,0 +1,159 @@
+// PreviewNow2 over a recording view: the source box, the preview run and the fit of the boxes.
+#include <gtest/gtest.h>
+
+#include "engine/paths.h"
+#include "preview/preview_now.h"
+#include "preview/viewer_target.h"
+#include "scripts/sample_images.h"
+#include "tests/support/test_support.h"
+
+namespace velmora::preview {
+namespace {
+
+// The shared recording view for the run's outputs, and counters for the source box.
+class RecordingPreviewView : public PreviewView {
+ public:
+  testing::RecordingView run;
+  void SetStatus(const std::string& text) override { run.SetStatus(text); }
+  void SetFile(const std::string& text) override { run.SetFile(text); }
+  void SetProgressRange(int minimum, int maximum) override { run.SetProgressRange(minimum, maximum); }
+  void SetProgressValue(int value) override { run.SetProgressValue(value); }
+  void ShowWait(bool shown) override { run.ShowWait(shown); }
+  void SetWaitLabel(const std::string& text) override { run.SetWaitLabel(text); }
+  void PreviewFrameSize(int& width, int& height) override { run.PreviewFrameSize(width, height); }
+  void ShowPreview(const imaging::DisplayPicture& picture, int top, int left) override {
+    run.ShowPreview(picture, top, left);
+  }
+  void OpenFolder(const std::string& folder) override { run.OpenFolder(folder); }
+  void Yield() override { run.Yield(); }
+  void LogFailure(const std::string& message) override { run.LogFailure(message); }
+
+  int original_shown = 0, no_original = 0, cleared = 0;
+  imaging::DisplayPicture original;
+  int original_top = 0, original_left = 0;
+  void OriginalFrameSize(int& width, int& height) override {
+    width = 215;
+    height = 191;
+  }
+  void ShowOriginal(const imaging::DisplayPicture& picture, int top, int left) override {
+    original = picture;
+    original_top = top;
+    original_left = left;
+    ++original_shown;
+  }
+  void ShowNoOriginal() override { ++no_original; }
+  void ClearBoth() override { ++cleared; }
+};
+
+class PreviewNowTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    state.AppDataFolder = data.path().string();
+    engine::MakePath(state.AppDataFolder + "/Temp/");
+    state.output.OutputFolder = data.slash();
+    view.run.frame_width = 215;
+    view.run.frame_height = 191;
+  }
+  testing::TempFolder data;
+  engine::AppState state;
+  RecordingPreviewView view;
+};
+
+TEST(FitSourceBox, TheRuleOfTheBoxes) {
+  EXPECT_FALSE(FitSourceBox(100, 100, 215, 191).rescale);
+  EXPECT_FALSE(FitSourceBox(215, 191, 215, 191).rescale);  // exactly the box
+  const BoxFit square = FitSourceBox(300, 300, 215, 191);
+  EXPECT_TRUE(square.rescale);
+  EXPECT_EQ(square.width, 215);
+  EXPECT_EQ(square.height, 215);  // clipped at top and bottom
+  const BoxFit wide = FitSourceBox(400, 100, 215, 191);
+  EXPECT_EQ(wide.width, 215);
+  EXPECT_EQ(wide.height, 54);
+  const BoxFit tall = FitSourceBox(100, 400, 215, 191);
+  EXPECT_EQ(tall.width, 48);
+  EXPECT_EQ(tall.height, 191);
+  // Wider than tall, narrower than the box but higher: line 4 enlarges it to the box's width.
+  const BoxFit line4 = FitSourceBox(210, 200, 215, 191);
+  EXPECT_EQ(line4.width, 215);
+  EXPECT_EQ(line4.height, 205);
+  // A square higher than the box but not wider matches no line.
+  EXPECT_FALSE(FitSourceBox(200, 200, 215, 191).rescale);
+}
+
+TEST(CentreInBox, PicturesStandInTheMiddle) {
+  int top = 0, left = 0;
+  CentreInBox(100, 100, 215, 191, top, left);
+  EXPECT_EQ(top, 46);   // 95.5 - 50 = 45.5, to the even neighbour
+  EXPECT_EQ(left, 58);  // 107.5 - 50 = 57.5
+  CentreInBox(215, 215, 215, 191, top, left);
+  EXPECT_EQ(top, -12);
+  EXPECT_EQ(left, 0);
+}
+
+TEST_F(PreviewNowTest, AnEmptyListClearsBothBoxes) {
+  PreviewNow2(state, engine::SourceList{}, view);
+  EXPECT_EQ(view.cleared, 1);
+  EXPECT_EQ(view.run.pictures_shown, 0);
+  EXPECT_EQ(state.preview.PreviewMode, engine::kFalse);
+}
+
+TEST_F(PreviewNowTest, TheSelectedImageIsShownAndConvertedIntoThePreviewFile) {
+  const std::string source = data.file("photo.jpg");
+  ASSERT_TRUE(samples::WritePhotoJpeg(source, 100, 100));
+  engine::Block mirror = engine::NewBlock(engine::kMirror);
+  state.blocks = engine::Blocks({mirror});
+  state.output.OutputFormat = 3;  // PNG, in spite of the file's name
+  PreviewNow2(state, engine::SourceList{{source}, 0}, view);
+
+  EXPECT_EQ(view.original_shown, 1);
+  EXPECT_EQ(view.original.width, 100u);
+  EXPECT_EQ(view.original_top, 46);
+  EXPECT_EQ(view.original_left, 58);
+  EXPECT_EQ(view.run.pictures_shown, 1);
+  EXPECT_EQ(view.run.picture.width, 100u);
+  EXPECT_EQ(view.run.wait_labels.front(), "0%");
+  EXPECT_EQ(view.run.wait_labels.back(), "100%");
+  EXPECT_FALSE(view.run.wait_shown);
+  const testing::ImageFacts facts = testing::ReadImageFacts(PreviewFilePath(state));
+  EXPECT_TRUE(facts.readable);
+  EXPECT_EQ(facts.format, 13);  // PNG
+  EXPECT_EQ(state.WrittenFiles.UpperBound(), 1);
+  EXPECT_EQ(state.WrittenFiles[0], PreviewFilePath(state));
+  EXPECT_EQ(state.preview.PreviewMode, engine::kFalse);
+  EXPECT_EQ(view.run.LastStatus(), "Completed.");
+}
+
+TEST_F(PreviewNowTest, ALargeImageIsFittedInBothBoxes) {
+  const std::string source = data.file("wide.jpg");
+  ASSERT_TRUE(samples::WritePhotoJpeg(source, 860, 430));
+  PreviewNow2(state, engine::SourceList{{source}, 0}, view);
+  EXPECT_EQ(view.original.width, 215u);
+  EXPECT_EQ(view.original.height, 108u);
+  EXPECT_EQ(view.run.picture.width, 215u);
+  EXPECT_EQ(view.run.picture.height, 108u);
+}
+
+TEST_F(PreviewNowTest, AnUnreadableSourceShowsNoImageAboveAndStillRuns) {
+  const std::string source = data.file("broken.jpg");
+  testing::WriteWholeFile(source, "not really a picture");
+  PreviewNow2(state, engine::SourceList{{source}, 0}, view);
+  EXPECT_EQ(view.no_original, 1);
+  EXPECT_EQ(view.original_shown, 0);
+  EXPECT_EQ(view.run.LastStatus(), "Completed.");
+}
+
+TEST(ViewerTarget, ClicksOpenThePreviewFileOrTheSource) {
+  engine::AppState state;
+  state.AppDataFolder = "/home/u/Documents/Velmora";
+  EXPECT_FALSE(ResultClickTarget(state, engine::SourceList{}).has_value());
+  const engine::SourceList list{{"/p/a.jpg", "/p/b.jpg"}, 1};
+  EXPECT_EQ(ResultClickTarget(state, list), "/home/u/Documents/Velmora/Temp/preview.dat");
+  state.preview.ThreadRunning = engine::kTrue;
+  EXPECT_FALSE(ResultClickTarget(state, list).has_value());
+  EXPECT_EQ(SourceClickTarget(list), "/p/b.jpg");  // the worker doesn't matter for the source
+  EXPECT_FALSE(SourceClickTarget(engine::SourceList{}).has_value());
+  EXPECT_EQ(SourceClickTarget(engine::SourceList{{"/p/a.jpg"}, -1}), "");
+}
+
+}  // namespace
+}  // namespace velmora::preview

@@ -1,0 +1,73 @@
+// The "Style..." flow: the stored string, the chooser's start values and what comes back.
+#include <gtest/gtest.h>
+
+#include <deque>
+
+#include "shell/font_style.h"
+
+namespace velmora::shell {
+namespace {
+
+class ScriptedChooser : public FontChooser {
+ public:
+  std::optional<FontAnswer> answer;
+  std::vector<FontRequest> requests;
+  std::optional<FontAnswer> ChooseFont(const FontRequest& request) override {
+    requests.push_back(request);
+    return answer;
+  }
+};
+
+TEST(FontStyle, ACancelOnANewWatermarkFillsTheStringFromTheWorkingCopy) {
+  engine::FontState font;  // as at start-up: nothing chosen yet
+  ScriptedChooser chooser;
+  EXPECT_EQ(StyleButtonFlow("", font, chooser), "0|False|False|False||0|False");
+  ASSERT_EQ(chooser.requests.size(), 1u);
+  EXPECT_EQ(chooser.requests[0].tenths, 0);
+}
+
+TEST(FontStyle, AnEmptyStringStartsFromTheLastUse) {
+  engine::FontState font;
+  font.FontFace = "DejaVu Serif";
+  font.FontSize = 15;
+  font.FontBold = engine::kTrue;
+  ScriptedChooser chooser;
+  EXPECT_EQ(StyleButtonFlow("", font, chooser), "0|False|False|False|DejaVu Serif|15|True");
+  const FontRequest& request = chooser.requests[0];
+  EXPECT_EQ(request.face, "DejaVu Serif");
+  EXPECT_EQ(request.height, 20);  // 15 x 1.3 = 19.5, to the even neighbour
+  EXPECT_EQ(request.tenths, 150);
+  EXPECT_EQ(request.weight, 700);
+  EXPECT_EQ(request.color, 0);
+}
+
+TEST(FontStyle, TheStoredStringIsParsedAndTheAnswerTaken) {
+  engine::FontState font;
+  ScriptedChooser chooser;
+  FontAnswer answer;
+  answer.face = "Liberation Sans";
+  answer.tenths = 187;
+  answer.color = 0x0000FF;
+  answer.italic = true;
+  answer.strikeout = true;
+  chooser.answer = answer;
+  const std::string result = StyleButtonFlow("16711680|False|True|False|Arial|10|True", font, chooser);
+  EXPECT_EQ(chooser.requests[0].face, "Arial");
+  EXPECT_EQ(chooser.requests[0].height, 13);
+  EXPECT_TRUE(chooser.requests[0].underline);
+  EXPECT_EQ(result, "255|True|False|True|Liberation Sans|18|False");
+  EXPECT_EQ(font.FontSize, 18);  // tenths divided by 10, the rest dropped
+}
+
+TEST(FontStyle, FaceNamesAreCut) {
+  engine::FontState font;
+  font.FontFace = std::string(40, 'a');
+  EXPECT_EQ(MakeFontRequest(font).face.size(), 31u);
+  FontAnswer answer;
+  answer.face = std::string(100, 'b');
+  TakeFontAnswer(font, answer);
+  EXPECT_EQ(font.FontFace.size(), 79u);
+}
+
+}  // namespace
+}  // namespace velmora::shell

@@ -1,0 +1,95 @@
+// The format dialog's branches and restore rules.
+#include <gtest/gtest.h>
+
+#include "shell/format_form.h"
+
+namespace velmora::shell {
+namespace {
+
+TEST(FormatForm, JpegShowsDepthAndQualityWithTheStoredQuality) {
+  engine::OutputChoices output;
+  output.Quality = 90;
+  const FormatForm form = OpenFormatForm("JPEG", output);
+  EXPECT_TRUE(form.depth_row);
+  EXPECT_TRUE(form.quality_row);
+  EXPECT_FALSE(form.multipage_row);
+  EXPECT_EQ(form.QualitySlider1, 90);
+  EXPECT_EQ(form.QualityText1, "90");
+  EXPECT_EQ(form.ColorDepthCombo1.items.size(), 3u);
+}
+
+TEST(FormatForm, ADepthBeyondTheListKeepsRowZeroAndOkStoresIt) {
+  engine::OutputChoices output;
+  output.ColorDepth = 5;
+  const FormatForm form = OpenFormatForm("JPEG", output);
+  EXPECT_EQ(form.ColorDepthCombo1.index, 0);
+  engine::PreviewFlags flags;
+  ApplyFormatForm(form, output, flags);
+  EXPECT_EQ(output.ColorDepth, 0);
+  EXPECT_NE(flags.PreviewDirty, engine::kFalse);
+}
+
+TEST(FormatForm, BmpStoresNoCompressionAndTiffThenOpensAtNone) {
+  engine::OutputChoices output;
+  engine::PreviewFlags flags;
+  ApplyFormatForm(OpenFormatForm("BMP", output), output, flags);
+  EXPECT_EQ(output.CompressionIndex, -1);
+  const FormatForm tiff = OpenFormatForm("TIFF", output);
+  EXPECT_EQ(tiff.CompressionCombo1.index, 0);
+  EXPECT_EQ(tiff.CompressionCombo1.items[0], "None");
+}
+
+TEST(FormatForm, TiffBranchRowsWhenNothingIsStoredAgainstThem) {
+  engine::OutputChoices output;
+  output.CompressionIndex = 20;  // beyond the list: the branch's row stays
+  output.Compression2Index = 20;
+  output.MultipageMode = 9;
+  const FormatForm form = OpenFormatForm("TIFF", output);
+  EXPECT_EQ(form.CompressionCombo1.index, 1);
+  EXPECT_EQ(form.CompressionCombo2.index, 6);
+  EXPECT_EQ(form.MultipageCombo1.index, 1);
+  EXPECT_TRUE(form.compression_shown);
+  EXPECT_EQ(form.ColorDepthCombo1.items.back(), "CMYK");
+}
+
+TEST(FormatForm, ExrShowsOneRowMovedUp) {
+  engine::OutputChoices output;
+  output.CompressionIndex = 3;
+  FormatForm form = OpenFormatForm("EXR", output);
+  EXPECT_TRUE(form.compression_shown);
+  EXPECT_TRUE(form.compression_moved_up);
+  EXPECT_FALSE(form.depth_row);
+  EXPECT_EQ(form.CompressionCombo1.items[static_cast<std::size_t>(form.CompressionCombo1.index)], "PXR24");
+  form.CompressionCombo1.index = 4;
+  engine::PreviewFlags flags;
+  ApplyFormatForm(form, output, flags);
+  EXPECT_EQ(output.CompressionIndex, 4);
+}
+
+TEST(FormatForm, GifStoresNoDepthAndALaterFormatOpensAtRowZero) {
+  engine::OutputChoices output;
+  output.ColorDepth = 2;
+  engine::PreviewFlags flags;
+  ApplyFormatForm(OpenFormatForm("GIF", output), output, flags);
+  EXPECT_EQ(output.ColorDepth, -1);
+  EXPECT_EQ(OpenFormatForm("PNG", output).ColorDepthCombo1.index, 0);
+}
+
+TEST(FormatForm, AnUnknownNameShowsNothing) {
+  const FormatForm form = OpenFormatForm("WEBP", engine::OutputChoices{});
+  EXPECT_FALSE(form.depth_row || form.quality_row || form.multipage_row || form.compression_shown);
+}
+
+TEST(FormatForm, ColoursAndTheHiddenSliderAreStoredAllTheSame) {
+  engine::OutputChoices output;
+  output.Quality = 40;
+  FormatForm form = OpenFormatForm("PNG", output);
+  form.ColorsText1 = "256 colours";
+  engine::PreviewFlags flags;
+  ApplyFormatForm(form, output, flags);
+  EXPECT_EQ(output.ColorsCount, 256);
+  EXPECT_EQ(output.Quality, 40);
+}
+
+}  // namespace
+}  // namespace velmora::shell

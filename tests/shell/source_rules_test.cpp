@@ -1,0 +1,93 @@
+// Size text, open-dialog pieces, icon keys, the removal walk and the folder loop.
+#include <gtest/gtest.h>
+
+#include "shell/source_rules.h"
+
+namespace velmora::shell {
+namespace {
+
+TEST(FormatFileSize, BytesAndThreeSignificantDigits) {
+  EXPECT_EQ(FormatFileSize(0), "0 bytes");
+  EXPECT_EQ(FormatFileSize(532), "532 bytes");
+  EXPECT_EQ(FormatFileSize(1024), "1.00 KB");
+  EXPECT_EQ(FormatFileSize(1536), "1.50 KB");
+  EXPECT_EQ(FormatFileSize(12345), "12.0 KB");
+  EXPECT_EQ(FormatFileSize(123456), "120 KB");
+  EXPECT_EQ(FormatFileSize(1290000), "1.23 MB");
+  EXPECT_EQ(FormatFileSize(1289748), "1.22 MB");  // 1.2299... cut, not rounded
+  EXPECT_EQ(FormatFileSize(5ull * 1024 * 1024 * 1024), "5.00 GB");
+}
+
+TEST(ChosenFilePieces, OneFileIsOnePiece) {
+  EXPECT_EQ(ChosenFilePieces({"/a/b/x.jpg"}), (std::vector<std::string>{"/a/b/x.jpg"}));
+  EXPECT_EQ(PathsFromPieces({"/a/b/x.jpg"}), (std::vector<std::string>{"/a/b/x.jpg"}));
+}
+
+TEST(ChosenFilePieces, SeveralFilesGiveTheFolderThenTheNames) {
+  const auto pieces = ChosenFilePieces({"/a/b/x.jpg", "/a/b/y.png"});
+  EXPECT_EQ(pieces, (std::vector<std::string>{"/a/b", "x.jpg", "y.png"}));
+  // The folder is tried as a file too; the rule of adding one item drops it.
+  EXPECT_EQ(PathsFromPieces(pieces), (std::vector<std::string>{"/a/b", "/a/b/x.jpg", "/a/b/y.png"}));
+}
+
+TEST(ChosenFilePieces, TheRootLosesItsSeparatorAndIsJoinedWithOne) {
+  const auto pieces = ChosenFilePieces({"/x.jpg", "/y.jpg"});
+  EXPECT_EQ(pieces.front(), "/");
+  EXPECT_EQ(PathsFromPieces(pieces), (std::vector<std::string>{"/x.jpg", "/y.jpg"}));
+}
+
+TEST(IconKey, OneKeyPerTypeNameButOwnNamesForShortcutsAndPrograms) {
+  EXPECT_EQ(IconKey("PNG Image", "a.png", FileIconClass::kOrdinary), "png image");
+  EXPECT_EQ(IconKey("PNG Image", "b.png", FileIconClass::kOrdinary), "png image");
+  EXPECT_EQ(IconKey("Link", "photo.lnk", FileIconClass::kShortcut), "photo.lnk");
+  EXPECT_EQ(IconKey("Program", "setup.exe", FileIconClass::kProgram), "setup.exe");
+  EXPECT_EQ(IconKey("Program", "tool", FileIconClass::kOtherProgram), "DOSExeIcon");
+}
+
+TEST(RemoveWalk, ThreeSelectedNeighboursLeaveTheMiddleOne) {
+  const std::vector<std::string> rows{"a", "b", "c", "d", "e"};
+  const RemoveResult result = RemoveWalk(rows, {false, true, true, true, false}, 1);
+  EXPECT_EQ(result.rows, (std::vector<std::string>{"a", "c", "e"}));
+  EXPECT_EQ(result.select, 1);
+}
+
+TEST(RemoveWalk, TheNotedIndexBeyondTheEndSelectsTheLast) {
+  const RemoveResult result = RemoveWalk({"a", "b", "c"}, {false, false, true}, 2);
+  EXPECT_EQ(result.rows, (std::vector<std::string>{"a", "b"}));
+  EXPECT_EQ(result.select, 1);
+}
+
+TEST(RemoveWalk, RemovingEverythingSelectsNothing) {
+  const RemoveResult result = RemoveWalk({"a"}, {true}, 0);
+  EXPECT_TRUE(result.rows.empty());
+  EXPECT_EQ(result.select, -1);
+}
+
+TEST(RemoveWalk, SeparateSelectionsAreAllRemoved) {
+  const RemoveResult result = RemoveWalk({"a", "b", "c", "d"}, {true, false, true, false}, 0);
+  EXPECT_EQ(result.rows, (std::vector<std::string>{"b", "d"}));
+  EXPECT_EQ(result.select, 0);
+}
+
+TEST(AddScannedNames, SkipsIndexZeroAndEmptyNamesAndYieldsEveryHundred) {
+  std::vector<std::string> result(1);
+  for (int i = 0; i < 250; ++i) result.push_back(i == 7 ? "" : "f" + std::to_string(i));
+  std::vector<std::string> added;
+  int yields = 0;
+  AddScannedNames(result, [&](const std::string& name) { added.push_back(name); }, [&] { ++yields; });
+  EXPECT_EQ(added.size(), 249u);
+  EXPECT_EQ(added.front(), "f0");
+  EXPECT_EQ(yields, 2);
+}
+
+TEST(SourceImageFilters, EightFiltersInOrder) {
+  const auto& filters = SourceImageFilters();
+  ASSERT_EQ(filters.size(), 8u);
+  EXPECT_STREQ(filters[0].name, "All image files");
+  EXPECT_STREQ(filters[3].name, "Portable Graphics PNG (*.png)");
+  EXPECT_STREQ(filters[7].name, "Windows Enhanced Matafile (*.emf)");
+  EXPECT_STREQ(filters[5].patterns, "*.bmp;*.dib");
+}
+
+}  // namespace
+}  // namespace velmora::shell
