@@ -1,0 +1,237 @@
+// The operation list driven through the "New Operation" dialog and the panels' own controls.
+#include <QComboBox>
+#include <QLineEdit>
+#include <QSlider>
+
+#include "shell/new_operation_dialog.h"
+#include "tests/shell/window_fixture.h"
+
+namespace velmora::testing {
+namespace {
+
+class OperationsTest : public WindowTest {
+ protected:
+  void SetUp() override {
+    WindowTest::SetUp();
+    Next();  // the operations page
+  }
+  template <typename T>
+  T* Control(int index, const char* name) {
+    QWidget* panel = window->operationList()->Panel(index);
+    return panel ? panel->findChild<T*>(name) : nullptr;
+  }
+  // Picks a row of a drop-down list with the keyboard, as a user may.
+  static void Choose(QComboBox* combo, int index) {
+    combo->setFocus();
+    while (combo->currentIndex() < index) QTest::keyClick(combo, Qt::Key_Down);
+    while (combo->currentIndex() > index) QTest::keyClick(combo, Qt::Key_Up);
+  }
+  static void Type(QLineEdit* edit, const QString& text) {
+    edit->selectAll();
+    QTest::keyClicks(edit, text);
+  }
+  int Last() const { return window->entries().UpperBound(); }
+};
+
+TEST_F(OperationsTest, EveryRowOfTheDialogAddsItsOperation) {
+  const char* captions[] = {"Resize", "Rotate", "Mirror", "Text Watermark", "Image Watermark",
+                            "Effect", "Brightness/Contrast", "Gamma correction"};
+  for (int row = 1; row <= 8; ++row) {
+    AddOperation(row);
+    EXPECT_EQ(window->operationList()->StructCaption(Last())->title().toStdString(), captions[row - 1]);
+    EXPECT_TRUE(window->Form9()->isHidden());
+  }
+  window->ApplyProfile();
+  ASSERT_EQ(state->blocks.UpperBound(), 8);
+  const std::int16_t kinds[] = {0, 1, 2, 3, 3, 4, 5, 6};
+  for (int i = 0; i < 8; ++i) EXPECT_EQ(state->blocks[i].Kind, kinds[i]);
+  EXPECT_EQ(state->blocks[3].WatermarkKind, 0);
+  EXPECT_EQ(state->blocks[4].WatermarkKind, 1);
+}
+
+TEST_F(OperationsTest, TheDialogIsNotModalAndOkFollowsTheSelection) {
+  QTest::mouseClick(window->fr2()->Button8(), Qt::LeftButton);
+  shell::NewOperationDialog* dialog = window->Form9();
+  EXPECT_TRUE(dialog->isVisible());
+  EXPECT_FALSE(dialog->isModal());
+  EXPECT_EQ(dialog->lw1()->count(), 8);
+  EXPECT_TRUE(dialog->Command1()->isEnabled());  // for the first moment
+  dialog->Timer1_Timer();
+  EXPECT_FALSE(dialog->Command1()->isEnabled());
+  dialog->lw1()->setCurrentRow(2);
+  dialog->Timer1_Timer();
+  EXPECT_TRUE(dialog->Command1()->isEnabled());
+  QTest::mouseClick(dialog->Command2(), Qt::LeftButton);  // Cancel adds nothing
+  EXPECT_EQ(Last(), 3);
+}
+
+TEST_F(OperationsTest, ADoubleClickAddsTheRow) {
+  QTest::mouseClick(window->fr2()->Button8(), Qt::LeftButton);
+  QListWidget* list = window->Form9()->lw1();
+  list->setCurrentRow(5);
+  QCoreApplication::processEvents();  // the list lays its rows out
+  const QRect row = list->visualItemRect(list->item(5));
+  // The second click of a double click: press, then the double-click event.
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, row.center());
+  QTest::mousePress(list->viewport(), Qt::LeftButton, Qt::NoModifier, row.center());
+  QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, row.center());
+  EXPECT_EQ(window->operationList()->StructCaption(Last())->title(), "Effect");
+}
+
+TEST_F(OperationsTest, ResizePanelEditsReachTheChain) {
+  AddOperation(1);
+  const int index = Last();
+  auto* units = Control<QComboBox>(index, "ElemCombo1");
+  auto* keep = Control<QCheckBox>(index, "ElemCheck1");
+  ASSERT_TRUE(units && keep);
+  // A new panel starts at "percents" with "Keep proportions" checked, as a new Block does.
+  EXPECT_EQ(units->currentText(), "percents");
+  EXPECT_TRUE(keep->isChecked());
+  Choose(units, 0);
+  EXPECT_TRUE(keep->isEnabled());
+  Choose(units, 1);
+  EXPECT_FALSE(keep->isEnabled());
+  EXPECT_FALSE(keep->isChecked());
+  Choose(units, 0);
+  EXPECT_TRUE(keep->isEnabled());
+  EXPECT_FALSE(keep->isChecked());
+  QTest::mouseClick(keep, Qt::LeftButton);
+  Type(Control<QLineEdit>(index, "ElemText1"), "800");
+  Type(Control<QLineEdit>(index, "ElemText2"), "abc");
+  Choose(Control<QComboBox>(index, "ElemCombo2"), 1);
+  window->ApplyProfile();
+  const engine::Block& block = state->blocks[0];
+  EXPECT_EQ(block.Width, 800);
+  EXPECT_EQ(block.Height, 0);
+  EXPECT_EQ(block.Units, 0);
+  EXPECT_EQ(block.KeepProportions, engine::kTrue);
+  EXPECT_EQ(block.Method, 1);
+}
+
+TEST_F(OperationsTest, WatermarkTypeSwitchAndStyleFlow) {
+  AddOperation(4);
+  const int index = Last();
+  auto* type = Control<QComboBox>(index, "ElemCombo1");
+  auto* text = Control<QLineEdit>(index, "ElemTextWatermark");
+  auto* command = Control<QPushButton>(index, "ElemCommandWatermark");
+  auto* angle = Control<QSlider>(index, "ElemSlider1");
+  ASSERT_TRUE(type && text && command && angle);
+  Type(text, "(c) Velmora");
+  angle->setValue(45);
+  EXPECT_EQ(Control<QLineEdit>(index, "ElemText3")->text(), "45");
+  EXPECT_FALSE(Control<QLineEdit>(index, "ElemText3")->isEnabled());
+
+  // "Style...": the chooser starts from the last use, and its answer lands in the text's tag.
+  state->font.FontFace = "DejaVu Sans";
+  state->font.FontSize = 20;
+  shell::FontAnswer answer;
+  answer.face = "DejaVu Serif";
+  answer.tenths = 240;
+  answer.color = 0x00FF00;
+  answer.bold = true;
+  services.fonts.push_back(answer);
+  QTest::mouseClick(command, Qt::LeftButton);
+  ASSERT_EQ(services.font_requests.size(), 1u);
+  EXPECT_EQ(services.font_requests[0].face, "DejaVu Sans");
+  EXPECT_EQ(services.font_requests[0].height, 26);
+  window->ApplyProfile();
+  EXPECT_EQ(state->blocks[0].WatermarkFont, "65280|False|False|False|DejaVu Serif|24|True");
+  EXPECT_EQ(state->blocks[0].WatermarkSource, "(c) Velmora");
+  EXPECT_EQ(state->blocks[0].WatermarkAngle, 45);
+
+  Choose(type, 1);
+  EXPECT_EQ(window->operationList()->StructCaption(index)->title(), "Image Watermark");
+  EXPECT_EQ(command->text(), "Browse...");
+  EXPECT_TRUE(text->text().isEmpty());
+  EXPECT_TRUE(angle->isHidden());
+  services.watermark_images.push_back("/pictures/logo.png");
+  QTest::mouseClick(command, Qt::LeftButton);
+  EXPECT_EQ(text->text(), "/pictures/logo.png");
+  Choose(type, 0);
+  EXPECT_EQ(window->operationList()->StructCaption(index)->title(), "Text Watermark");
+  EXPECT_TRUE(text->text().isEmpty());
+  EXPECT_TRUE(angle->isHidden()) << "the angle controls don't come back";
+}
+
+TEST_F(OperationsTest, SlidersShowTheirValuesInTheirBoxes) {
+  AddOperation(7);
+  const int tone = Last();
+  Control<QSlider>(tone, "ElemSlider1")->setValue(-30);
+  Control<QSlider>(tone, "ElemSlider2")->setValue(60);
+  EXPECT_EQ(Control<QLineEdit>(tone, "ElemText1")->text(), "-30");
+  EXPECT_EQ(Control<QLineEdit>(tone, "ElemText2")->text(), "60");
+  AddOperation(8);
+  const int gamma = Last();
+  auto* slider = Control<QSlider>(gamma, "ElemSlider1");
+  EXPECT_EQ(slider->minimum(), 1);
+  EXPECT_EQ(slider->maximum(), 1000);
+  EXPECT_EQ(slider->value(), 100);
+  slider->setValue(225);
+  EXPECT_EQ(Control<QLineEdit>(gamma, "ElemText1")->text(), "2.25");
+  window->ApplyProfile();
+  EXPECT_EQ(state->blocks[0].Brightness, -30);
+  EXPECT_EQ(state->blocks[0].Contrast, 60);
+  EXPECT_EQ(state->blocks[1].GammaValue, 225);
+}
+
+TEST_F(OperationsTest, RemoveButtonsAndRemoveAllKeepTheFixedEntries) {
+  AddOperation(2);
+  AddOperation(3);
+  AddOperation(6);
+  EXPECT_TRUE(window->operationList()->StructRemove(1)->isHidden());
+  QTest::mouseClick(window->operationList()->StructRemove(5), Qt::LeftButton);
+  EXPECT_FALSE(window->entries().ControlExists(5));
+  window->ApplyProfile();
+  ASSERT_EQ(state->blocks.UpperBound(), 2);
+  EXPECT_EQ(state->blocks[1].Kind, engine::kEffect);
+  QTest::mouseClick(window->fr2()->Button9(), Qt::LeftButton);
+  EXPECT_EQ(window->entries().Indices(), (std::vector<int>{0, 1, 2, 3}));
+  EXPECT_EQ(window->operationList()->StructCaption(1)->title(), "Convert to");
+  EXPECT_EQ(window->operationList()->StructCaption(2)->title(), "Save to");
+  EXPECT_EQ(window->operationList()->StructCaption(3)->title(), "File name");
+}
+
+TEST_F(OperationsTest, TenOperationsEnableTheBarAndShowTheLast) {
+  for (int i = 0; i < 10; ++i) AddOperation(1);
+  QScrollBar* bar = window->operationList()->StructSCROLL();
+  EXPECT_TRUE(bar->isEnabled());
+  EXPECT_EQ(bar->value(), bar->maximum());
+  QWidget* last = window->operationList()->STRUCT(Last());
+  const int bottom_in_view = last->mapTo(window->operationList()->StructFON(), QPoint(0, last->height())).y();
+  EXPECT_LE(bottom_in_view, window->operationList()->StructFON()->height());
+  EXPECT_GE(bottom_in_view, 0);
+}
+
+TEST_F(OperationsTest, FewOperationsLeaveTheBarDisabled) {
+  AddOperation(3);
+  EXPECT_FALSE(window->operationList()->StructSCROLL()->isEnabled());
+}
+
+TEST_F(OperationsTest, TheFileNameMenuAppendsTokens) {
+  auto* text = window->operationList()->Fixed(shell::kFileNameEntry)->findChild<QLineEdit*>("FileNameText1");
+  Type(text, "out");
+  const QList<QAction*> items = window->m_filename()->actions();
+  ASSERT_EQ(items.size(), 4);
+  EXPECT_EQ(items[0]->text(), "Source Image Title");
+  EXPECT_EQ(items[3]->text(), "Counter");
+  for (QAction* item : items) item->trigger();
+  EXPECT_EQ(text->text(), "out{Title}_{SourceType}.{OutputType}_{Counter}");
+  window->ApplyProfile();
+  EXPECT_EQ(state->output.NameTemplate, "out{Title}_{SourceType}.{OutputType}_{Counter}");
+}
+
+TEST_F(OperationsTest, OutputFolderBrowseAndFormatChoice) {
+  services.folders.push_back(work.file("out"));
+  auto* save = window->operationList()->Fixed(shell::kSaveToEntry);
+  QTest::mouseClick(save->findChild<QPushButton*>("SaveToCommand5"), Qt::LeftButton);
+  EXPECT_EQ(save->findChild<QLineEdit*>("SaveToText1")->text().toStdString(), work.file("out"));
+  auto* format = window->operationList()->Fixed(shell::kConvertToEntry)->findChild<QComboBox*>("FormatCombo1");
+  EXPECT_EQ(format->count(), 7);
+  Choose(format, 3);
+  window->ApplyProfile();
+  EXPECT_EQ(state->output.OutputFolder, work.file("out") + "/");
+  EXPECT_EQ(state->output.OutputFormat, 3);
+}
+
+}  // namespace
+}  // namespace velmora::testing

@@ -1,0 +1,118 @@
+// Start-up from an empty disk, the wizard's buttons, the minimum size, and the exit order.
+#include <QSignalSpy>
+
+#include "engine/paths.h"
+#include "scripts/sample_images.h"
+#include "settings/ini_file.h"
+#include "settings/profile_file.h"
+#include "tests/shell/window_fixture.h"
+
+namespace velmora::testing {
+namespace {
+
+using StartUpTest = WindowTest;
+
+TEST_F(StartUpTest, AFirstStartShowsStepZeroTheHintAndTheDefaultProfile) {
+  EXPECT_EQ(window->windowTitle().toStdString(), "Velmora - [default.profile]");
+  EXPECT_TRUE(std::filesystem::exists(home.DataFolder() + "/Profiles/default.profile"));
+  EXPECT_TRUE(std::filesystem::is_directory(home.DataFolder() + "/Output"));
+  EXPECT_TRUE(std::filesystem::is_directory(home.DataFolder() + "/Temp"));
+  EXPECT_FALSE(std::filesystem::exists(home.DataFolder() + "/settings.ini"));
+  EXPECT_EQ(window->wizard().WizardStep, 0);
+  EXPECT_FALSE(window->fr1()->isHidden());
+  EXPECT_TRUE(window->fr2()->isHidden());
+  EXPECT_TRUE(window->fr3()->isHidden());
+  EXPECT_FALSE(window->Command1()->isEnabled());
+  EXPECT_EQ(window->Command2()->text(), "Next >>");
+  EXPECT_EQ(window->lwSrc()->topLevelItemCount(), 0);
+  window->Timer1_Timer();
+  EXPECT_FALSE(window->fr1()->Picture4()->isHidden());
+  EXPECT_EQ(window->height(), shell::kMinimumWindowHeight);
+  EXPECT_FALSE(window->frPreview()->isHidden());
+  EXPECT_TRUE(window->fr1()->EnPreview()->isHidden());
+}
+
+TEST_F(StartUpTest, TheLoadedProfileReachesTheWindow) {
+  // A job saved by an earlier session comes back with its chain and output choices.
+  engine::AppState saved;
+  saved.AppDataFolder = home.DataFolder();
+  saved.output.OutputFormat = 3;
+  saved.output.NameTemplate = "{Title}.{OutputType}";
+  saved.output.OutputFolder = work.slash();
+  saved.blocks = engine::Blocks({engine::NewBlock(engine::kRotate), engine::NewBlock(engine::kGamma)});
+  ASSERT_TRUE(settings::SaveProfile(saved, home.DataFolder() + "/Profiles/default.profile"));
+  Start();
+  EXPECT_EQ(window->fixed().FormatCombo1, 3);
+  EXPECT_EQ(window->fixed().FileNameText1, "{Title}.{OutputType}");
+  EXPECT_EQ(window->entries().UpperBound(), 5);
+  EXPECT_EQ(window->operationList()->StructCaption(4)->title(), "Rotate");
+  EXPECT_EQ(window->operationList()->StructCaption(5)->title(), "Gamma correction");
+}
+
+TEST_F(StartUpTest, BackAndNextWalkTheSteps) {
+  Next();
+  EXPECT_EQ(window->wizard().WizardStep, 1);
+  EXPECT_FALSE(window->fr2()->isHidden());
+  EXPECT_TRUE(window->fr1()->isHidden());
+  EXPECT_EQ(window->Command2()->text(), "Start!");
+  EXPECT_TRUE(window->Command1()->isEnabled());
+  Back();
+  EXPECT_EQ(window->wizard().WizardStep, 0);
+  EXPECT_FALSE(window->Command1()->isEnabled());
+  EXPECT_FALSE(window->fr1()->isHidden());
+}
+
+TEST_F(StartUpTest, StartWithAnEmptyListTerminatesAndBackOffersStartAgain) {
+  Next();
+  Next();
+  EXPECT_EQ(window->wizard().WizardStep, 2);
+  EXPECT_FALSE(window->fr3()->isHidden());
+  EXPECT_EQ(Status(), "Terminated.");
+  EXPECT_EQ(FileLine(), "No files to process.");
+  EXPECT_FALSE(window->Command2()->isEnabled());
+  Back();
+  EXPECT_EQ(window->wizard().WizardStep, 1);
+  EXPECT_EQ(window->Command2()->text(), "Start!");
+}
+
+TEST_F(StartUpTest, AResizeBelowTheMinimumIsUndone) {
+  window->resize(500, 300);
+  QCoreApplication::processEvents();
+  EXPECT_GE(window->width(), shell::kMinimumWindowWidth);
+  EXPECT_GE(window->height(), shell::kMinimumWindowHeight);
+}
+
+TEST_F(StartUpTest, HideAndShowPreviewSwitchThePaneAndTheButtons) {
+  QTest::mouseClick(window->frPreview()->Command3(), Qt::LeftButton);
+  EXPECT_TRUE(window->frPreview()->isHidden());
+  EXPECT_FALSE(window->fr1()->EnPreview()->isHidden());
+  EXPECT_EQ(window->fr1()->width(), window->width() - 12);
+  QTest::mouseClick(window->fr1()->EnPreview(), Qt::LeftButton);
+  EXPECT_FALSE(window->frPreview()->isHidden());
+  EXPECT_TRUE(window->fr1()->EnPreview()->isHidden());
+  EXPECT_LT(window->fr1()->width(), window->width() - 12);
+}
+
+TEST_F(StartUpTest, ClosingSavesTheNameTheWindowStateAndTheProfileThenEnds) {
+  window->fixed().FileNameText1 = "closed_{Counter}";
+  window->lblProcess_Click(engine::kMirror);
+  window->close();
+  EXPECT_EQ(process_ends, 1);
+  const std::string profile = home.DataFolder() + "/Profiles/default.profile";
+  EXPECT_EQ(settings::ReadIni("Main", "LastProfile", home.DataFolder() + "/settings.ini"), profile);
+  EXPECT_EQ(settings::ReadIni("Profile", "8", profile), "closed_{Counter}");
+  EXPECT_EQ(settings::ReadIni("Profile", "ProcessTotal", profile), "1");
+  EXPECT_EQ(settings::ReadIni("Block_0", "6", profile), "2");
+}
+
+TEST_F(StartUpTest, AfterANewProfileClosingWritesNoProfileAndAnEmptyLastName) {
+  window->NewProfileCommand();
+  EXPECT_EQ(window->windowTitle().toStdString(), "Velmora - [Untitled]");
+  window->close();
+  EXPECT_EQ(process_ends, 1);
+  EXPECT_TRUE(std::filesystem::exists(home.DataFolder() + "/settings.ini"));
+  EXPECT_EQ(settings::ReadIni("Main", "LastProfile", home.DataFolder() + "/settings.ini"), "");
+}
+
+}  // namespace
+}  // namespace velmora::testing
