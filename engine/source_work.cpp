@@ -33,16 +33,15 @@ std::vector<Handle> LoadPages(imaging::ImagingLibrary& lib, const std::string& p
   return pages;
 }
 
-// The operations may replace the page, so its metadata waits in a blank image of the same shape.
+// The operations may replace the page, so its metadata waits in a blank image of the page's depth.
+// Only what travels beside the pixels (tags and resolution) is ever read back from it, so one
+// pixel does: a blank of the page's full size would cost a large cleared buffer on every page.
 Handle KeepMetadataAside(imaging::ImagingLibrary& lib, Handle page) {
-  std::uint32_t w = 0, h = 0, bpp = 0;
-  lib.FreeImage_GetWidth(page, w);
-  lib.FreeImage_GetHeight(page, h);
+  std::uint32_t bpp = 0;
   lib.FreeImage_GetBPP(page, bpp);
   Handle holder = 0;
   CallResult result = 0;
-  lib.FreeImage_Allocate(holder, static_cast<std::int32_t>(w), static_cast<std::int32_t>(h),
-                         static_cast<std::int32_t>(bpp), 0, 0, 0, result);
+  lib.FreeImage_Allocate(holder, 1, 1, static_cast<std::int32_t>(bpp), 0, 0, 0, result);
   lib.CopyMetadata(page, holder, result);
   return holder;
 }

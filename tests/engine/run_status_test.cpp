@@ -122,3 +122,39 @@ TEST(RunStatus, PreviewWritesThePreviewFileAndShowsTheFittedPage) {
 
 }  // namespace
 }  // namespace velmora::engine
+
+namespace velmora::engine {
+namespace {
+
+TEST(RunMetadata, TagsAndResolutionSurviveOperationsThatReplaceThePage) {
+  testing::TempFolder src, out;
+  const std::string source = src.file("tagged.png");
+  FIBITMAP* dib = FreeImage_Allocate(40, 30, 24);
+  FreeImage_SetDotsPerMeterX(dib, 11811);  // 300 dpi
+  FreeImage_SetDotsPerMeterY(dib, 11811);
+  FreeImage_SetMetadataKeyValue(FIMD_COMMENTS, dib, "Author", "Velmora tests");
+  ASSERT_TRUE(FreeImage_Save(FIF_PNG, dib, source.c_str(), 0));
+  FreeImage_Unload(dib);
+
+  AppState state = MakeJob(out.slash());
+  state.output.OutputFormat = 3;
+  state.output.NameTemplate = "out.png";
+  Block nearest = NewBlock(kResize);
+  nearest.Method = 1;
+  Block effect = NewBlock(kEffect);
+  effect.EffectKind = 4;
+  state.blocks = Blocks({nearest, NewBlock(kRotate), effect});  // each replaces the page
+  RunJob(state, {source});
+
+  FIBITMAP* result = FreeImage_Load(FIF_PNG, out.file("out.png").c_str());
+  ASSERT_NE(result, nullptr);
+  EXPECT_EQ(FreeImage_GetWidth(result), 15u);
+  EXPECT_EQ(FreeImage_GetDotsPerMeterX(result), 11811u);
+  FITAG* tag = nullptr;
+  ASSERT_TRUE(FreeImage_GetMetadata(FIMD_COMMENTS, result, "Author", &tag));
+  EXPECT_STREQ(static_cast<const char*>(FreeImage_GetTagValue(tag)), "Velmora tests");
+  FreeImage_Unload(result);
+}
+
+}  // namespace
+}  // namespace velmora::engine
