@@ -4,7 +4,8 @@
 namespace velmora::shell {
 namespace {
 
-// Positions are the dialog's twips divided by 15.
+// Positions are the dialog's twips divided by 15, the control column moved right by 30 pixels so
+// that the labels fit in the window's font.
 QLabel* Label(QWidget* parent, const char* name, const char* text, int left, int top) {
   auto* label = new QLabel(text, parent);
   label->setObjectName(name);
@@ -42,12 +43,12 @@ FormatDialog::FormatDialog(QWidget* owner, engine::AppState& state, std::functio
       format_name_(std::move(format_name)),
       closed_(std::move(closed)) {
   depth_label_ = Label(this, "ColorDepthLabel1", "Color depth equal to:", 8, 8);
-  depth_ = Combo(this, "ColorDepthCombo1", 120, 8, 137);
-  depth_bpp_ = Label(this, "ColorDepthLabel2", "bpp", 264, 8);
+  depth_ = Combo(this, "ColorDepthCombo1", 150, 8, 137);
+  depth_bpp_ = Label(this, "ColorDepthLabel2", "bpp", 294, 8);
   colors_label_ = Label(this, "ColorsLabel1", "Colors:", 8, 8);
   colors_ = new QLineEdit("0", this);
   colors_->setObjectName("ColorsText1");
-  colors_->setGeometry(120, 8, 49, 22);
+  colors_->setGeometry(150, 8, 49, 22);
   quality_label_ = Label(this, "QualityLabel1", "Quality:", 8, 32);
   quality_text_ = new QLineEdit(this);
   quality_text_->setObjectName("QualityText1");
@@ -62,11 +63,11 @@ FormatDialog::FormatDialog(QWidget* owner, engine::AppState& state, std::functio
   quality_->setSingleStep(1);
   quality_->setPageStep(5);
   multipage_label_ = Label(this, "MultipageLabel1", "Multipage:", 8, 32);
-  multipage_ = Combo(this, "MultipageCombo1", 120, 32, 137);
+  multipage_ = Combo(this, "MultipageCombo1", 150, 32, 137);
   compression_label_ = Label(this, "CompressionLabel1", "Compression:", 8, 56);
-  compression_ = Combo(this, "CompressionCombo1", 120, 56, 137);
-  level_label_ = Label(this, "CompressionLabel2", ", level:", 264, 56);
-  level_ = Combo(this, "CompressionCombo2", 312, 56, 65);
+  compression_ = Combo(this, "CompressionCombo1", 150, 56, 137);
+  level_label_ = Label(this, "CompressionLabel2", ", level:", 294, 56);
+  level_ = Combo(this, "CompressionCombo2", 342, 56, 65);
 
   ok_ = MakeButton("Command1", "OK", 256, 112);
   cancel_ = MakeButton("Command2", "Cancel", 336, 112);
@@ -101,7 +102,7 @@ void FormatDialog::Show(const FormatForm& f) {
     w->hide();
   const int compression_top = f.compression_moved_up ? 40 : 56;
   compression_label_->move(8, compression_top + 3);
-  compression_->move(120, compression_top);
+  compression_->move(150, compression_top);
 }
 
 void FormatDialog::Open() {

@@ -37,6 +37,16 @@ class HeaderBand : public QWidget {
   }
 };
 
+// The bottom bar's buttons are the program's own skinned buttons.
+controls::Button* MakeWizardButton(QWidget* parent, const char* name, const char* caption) {
+  auto* button = new controls::Button(parent, name);
+  button->setButtonShape(controls::shape::kRoundedRectangle);
+  button->setButtonStyle(7);
+  button->setCaption(caption);
+  button->setHandPointer(true);
+  return button;
+}
+
 }  // namespace
 
 MainWindow::MainWindow(engine::AppState& state, ShellServices& services, std::function<void()> end_process,
@@ -56,8 +66,6 @@ MainWindow::MainWindow(engine::AppState& state, ShellServices& services, std::fu
   fixed_.FormatCombo1 = 1;
   operationList()->ReloadAll();
   uploads_ = new UploadBridge(this);
-  fr3_->Button6()->setEnabled(UploadsAvailable());
-  fr3_->Button7()->setEnabled(UploadsAvailable());
   setMinimumSize(kMinimumWindowWidth, kMinimumWindowHeight);
   resize(980, kMinimumWindowHeight);
 }
@@ -93,13 +101,9 @@ void MainWindow::BuildWindow() {
 
   Picture1_ = new QWidget(this);
   Picture1_->setObjectName("Picture1");
-  settings_ = new QPushButton("Settings", Picture1_);
-  settings_->setObjectName("Command4");
-  back_ = new QPushButton("<< Back", Picture1_);
-  back_->setObjectName("Command1");
-  next_ = new QPushButton("Next >>", Picture1_);
-  next_->setObjectName("Command2");
-  next_->setDefault(true);
+  settings_ = MakeWizardButton(Picture1_, "Command4", "Settings");
+  back_ = MakeWizardButton(Picture1_, "Command1", "<< Back");
+  next_ = MakeWizardButton(Picture1_, "Command2", "Next >>");
 
   timer1_ = new QTimer(this);
   timer1_->setInterval(220);
@@ -124,15 +128,15 @@ void MainWindow::BuildMenus() {
 }
 
 void MainWindow::ConnectCommands() {
-  connect(back_, &QPushButton::clicked, this, [this] {
+  connect(back_, &controls::Button::clicked, this, [this] {
     wizard_.WizardStep -= 1;
     UpdateWizard();
   });
-  connect(next_, &QPushButton::clicked, this, [this] {
+  connect(next_, &controls::Button::clicked, this, [this] {
     wizard_.WizardStep += 1;
     UpdateWizard();
   });
-  connect(settings_, &QPushButton::clicked, this, [this] { ShowSettingsDialog(1); });
+  connect(settings_, &controls::Button::clicked, this, [this] { ShowSettingsDialog(1); });
   connect(about_picture_, &ClickableLabel::clicked, this, &MainWindow::ShowAboutDialog);
   connect(profile_picture_, &ClickableLabel::clicked, this,
           [this] { profile_menu_->popup(profile_picture_->mapToGlobal(profile_picture_->rect().bottomLeft())); });
@@ -182,7 +186,7 @@ void MainWindow::UpdateWizard() {
     fr2_->setVisible(layout.page == 1);
     fr3_->setVisible(layout.page == 2);
     back_->setEnabled(layout.back_enabled);
-    next_->setText(QString::fromStdString(layout.next_caption));
+    next_->setCaption(QString::fromStdString(layout.next_caption));
     next_->setEnabled(layout.next_enabled);
   }
   if (layout.starts_run) RunConversion();

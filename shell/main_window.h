@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "controls/button.h"
 #include "engine/app_state.h"
 #include "engine/run_view.h"
 #include "preview/marshalled_view.h"
@@ -57,9 +58,9 @@ class MainWindow : public QWidget, public engine::RunView, public preview::Previ
   preview::PreviewPane* frPreview() const { return frPreview_; }
   SourceListWidget* lwSrc() const { return fr1_->lwSrc(); }
   OperationListView* operationList() const { return fr2_->list(); }
-  QPushButton* Command1() const { return back_; }
-  QPushButton* Command2() const { return next_; }
-  QPushButton* Command4() const { return settings_; }
+  controls::Button* Command1() const { return back_; }
+  controls::Button* Command2() const { return next_; }
+  controls::Button* Command4() const { return settings_; }
   ClickableLabel* Picture5() const { return about_picture_; }
   ClickableLabel* Picture6() const { return profile_picture_; }
   QMenu* m_profile() const { return profile_menu_; }
@@ -113,7 +114,7 @@ class MainWindow : public QWidget, public engine::RunView, public preview::Previ
   void OpenOutputFolder();  // Button5
   void UploadToPicasa();    // Button6
   void UploadToFtp();       // Button7
-  bool UploadsAvailable() const;
+  UploadBridge* uploads() const;
 
   // Preview.
   void Timer2_Timer();
@@ -174,9 +175,9 @@ class MainWindow : public QWidget, public engine::RunView, public preview::Previ
   RunPage* fr3_ = nullptr;
   preview::PreviewPane* frPreview_ = nullptr;
   QWidget* Picture1_ = nullptr;
-  QPushButton* back_ = nullptr;
-  QPushButton* next_ = nullptr;
-  QPushButton* settings_ = nullptr;
+  controls::Button* back_ = nullptr;
+  controls::Button* next_ = nullptr;
+  controls::Button* settings_ = nullptr;
   QMenu* profile_menu_ = nullptr;
   QMenu* file_name_menu_ = nullptr;
   QTimer* timer1_ = nullptr;

@@ -37,9 +37,7 @@ void MainWindow::ShowNewOperationDialog() {
 
 void MainWindow::ShowAboutDialog() {
   if (!about_dialog_) {
-    std::function<void()> check;
-    if (UploadsAvailable()) check = [this] { uploads_->CheckUpdates(); };
-    about_dialog_ = new AboutDialog(this, services_, check);
+    about_dialog_ = new AboutDialog(this, services_, [this] { uploads_->CheckUpdates(); });
   }
   about_dialog_->Open();
 }

@@ -63,6 +63,6 @@ void MainWindow::UploadToPicasa() { uploads_->Picasa(); }
 
 void MainWindow::UploadToFtp() { uploads_->Ftp(); }
 
-bool MainWindow::UploadsAvailable() const { return uploads_ && uploads_->Available(); }
+UploadBridge* MainWindow::uploads() const { return uploads_; }
 
 }  // namespace velmora::shell

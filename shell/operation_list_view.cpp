@@ -16,12 +16,6 @@ constexpr int kRemoveRight = 8;    // 120 twips from the frame's right edge
 constexpr int kRemoveTop = 12;     // 180 twips
 constexpr int kScrollWidth = 17;
 
-const char* kCaptionStyle =
-    "QGroupBox#StructCaption { border: 1px solid #9aa6b8; border-radius: 4px; margin-top: 8px;"
-    " background: #fbfcfe; }"
-    "QGroupBox#StructCaption::title { subcontrol-origin: margin; left: 10px; padding: 0 4px;"
-    " color: rgb(0, 0, 192); font-weight: bold; }";
-
 }  // namespace
 
 OperationListView::OperationListView(OperationEntries* entries, FixedControls* fixed, engine::PreviewFlags* flags,
@@ -47,7 +41,7 @@ QWidget* OperationListView::STRUCT(int index) const {
   return it == widgets_.end() ? nullptr : it->second.box;
 }
 
-QGroupBox* OperationListView::StructCaption(int index) const {
+CaptionFrame* OperationListView::StructCaption(int index) const {
   auto it = widgets_.find(index);
   return it == widgets_.end() ? nullptr : it->second.caption;
 }
@@ -79,9 +73,7 @@ void OperationListView::EntryAdded(int index) {
     widgets_[index] = w;
     return;
   }
-  w.caption = new QGroupBox(QString::fromStdString(entry->controls.caption), w.box);
-  w.caption->setObjectName("StructCaption");
-  w.caption->setStyleSheet(kCaptionStyle);
+  w.caption = new CaptionFrame(QString::fromStdString(entry->controls.caption), w.box);
   w.caption->setProperty("tag", QString::number(entry->controls.tag));
 
   QWidget* content = nullptr;

@@ -3,12 +3,12 @@
 // (StructCaption), remove button (StructRemove) and panel. It follows the OperationEntries.
 #pragma once
 
-#include <QGroupBox>
 #include <QScrollBar>
 #include <QToolButton>
 #include <QWidget>
 #include <map>
 
+#include "shell/caption_frame.h"
 #include "shell/operation_entries.h"
 #include "shell/panels/fixed_panels.h"
 #include "shell/panels/operation_panel.h"
@@ -26,7 +26,7 @@ class OperationListView : public QWidget, public OperationListListener {
   QWidget* StructFON1() const { return inner_; }
   QScrollBar* StructSCROLL() const { return scroll_; }
   QWidget* STRUCT(int index) const;
-  QGroupBox* StructCaption(int index) const;
+  CaptionFrame* StructCaption(int index) const;
   QToolButton* StructRemove(int index) const;
   OperationPanel* Panel(int index) const;
   FixedPanel* Fixed(std::int16_t tag) const;
@@ -54,7 +54,7 @@ class OperationListView : public QWidget, public OperationListListener {
  private:
   struct Widgets {
     QWidget* box = nullptr;
-    QGroupBox* caption = nullptr;
+    CaptionFrame* caption = nullptr;
     QToolButton* remove = nullptr;
     OperationPanel* panel = nullptr;
     FixedPanel* fixed = nullptr;

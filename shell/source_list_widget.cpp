@@ -11,6 +11,7 @@
 #include <QUrl>
 
 #include "engine/source_scan.h"
+#include "shell/file_type_icon.h"
 #include "shell/source_rules.h"
 
 namespace velmora::shell {
@@ -57,7 +58,9 @@ QString SourceListWidget::GetFileIcon(const std::string& path) {
       IconKey(type.toStdString(), info.fileName().toStdString(), ClassOf(info)));
   // An icon is made only for a key not seen yet.
   if (!icons_.contains(key)) {
-    QIcon icon = provider_.icon(info);
+    // The desktop's icon for the type; without an icon theme, one drawn for the extension.
+    const QString theme_name = QMimeDatabase().mimeTypeForFile(info).iconName();
+    QIcon icon = QIcon::hasThemeIcon(theme_name) ? provider_.icon(info) : FileTypeIcon(info.suffix());
     if (icon.isNull()) icon = provider_.icon(QFileIconProvider::File);
     Add_ListImags(key, QIcon(icon.pixmap(16, 16)));
   }

@@ -8,8 +8,9 @@
 
 namespace velmora::shell {
 
-// Labels stand at 180 twips, controls at 1860: 12 and 124 pixels.
-constexpr int kLabelColumnWidth = 112;
+// Labels stand at the panel's left and controls in one column beside them, wide enough for the
+// longest label ("Horisontal alignment:") in the window's font.
+constexpr int kLabelColumnWidth = 150;
 
 OperationPanel::OperationPanel(OperationEntry* entry, engine::PreviewFlags* preview_flags, QWidget* parent)
     : QWidget(parent), entry_(entry), flags_(preview_flags) {

@@ -123,3 +123,22 @@ TEST_F(DialogsTest, TheWindowStaysUsableWhileADialogIsOpen) {
 
 }  // namespace
 }  // namespace velmora::testing
+
+namespace velmora::testing {
+namespace {
+
+TEST_F(DialogsTest, UploadsWithoutAnAccountOpenTheSettingsOnTheirTab) {
+  state->settings.FtpHost = "   ";  // only spaces counts as empty
+  QTest::mouseClick(window->fr3()->Button7(), Qt::LeftButton);
+  ASSERT_TRUE(window->Form3());
+  EXPECT_TRUE(window->Form3()->isVisible());
+  EXPECT_EQ(window->Form3()->TabStrip1()->tabText(window->Form3()->TabStrip1()->currentIndex()), "FTP");
+  EXPECT_FALSE(window->Form3()->Page(4)->isHidden());
+  window->Form3()->reject();
+  QTest::mouseClick(window->fr3()->Button6(), Qt::LeftButton);
+  EXPECT_EQ(window->Form3()->TabStrip1()->tabText(window->Form3()->TabStrip1()->currentIndex()), "Picasa");
+  EXPECT_FALSE(window->Form3()->Page(3)->isHidden());
+}
+
+}  // namespace
+}  // namespace velmora::testing

@@ -39,7 +39,7 @@ TEST_F(RunTest, StartConvertsEveryFileThroughTheChain) {
   QTest::keyClick(format, Qt::Key_Down);  // JPEG to GIF
   QTest::keyClick(format, Qt::Key_Down);  // to PNG
   ASSERT_EQ(format->currentText(), "PNG");
-  EXPECT_EQ(window->Command2()->text(), "Start!");
+  EXPECT_EQ(window->Command2()->Caption(), "Start!");
   Next();
 
   EXPECT_EQ(window->wizard().WizardStep, 2);
@@ -79,7 +79,7 @@ TEST_F(RunTest, BackAndStartAgainRunsAgain) {
   state->settings.IfOutputFileExists = 2;
   Next();
   Back();
-  EXPECT_EQ(window->Command2()->text(), "Start!");
+  EXPECT_EQ(window->Command2()->Caption(), "Start!");
   Next();
   EXPECT_TRUE(ReadImageFacts(out + "/one_000.jpg").readable);
   EXPECT_EQ(state->WrittenFiles.UpperBound(), 1);

@@ -23,7 +23,7 @@ TEST_F(StartUpTest, AFirstStartShowsStepZeroTheHintAndTheDefaultProfile) {
   EXPECT_TRUE(window->fr2()->isHidden());
   EXPECT_TRUE(window->fr3()->isHidden());
   EXPECT_FALSE(window->Command1()->isEnabled());
-  EXPECT_EQ(window->Command2()->text(), "Next >>");
+  EXPECT_EQ(window->Command2()->Caption(), "Next >>");
   EXPECT_EQ(window->lwSrc()->topLevelItemCount(), 0);
   window->Timer1_Timer();
   EXPECT_FALSE(window->fr1()->Picture4()->isHidden());
@@ -54,7 +54,7 @@ TEST_F(StartUpTest, BackAndNextWalkTheSteps) {
   EXPECT_EQ(window->wizard().WizardStep, 1);
   EXPECT_FALSE(window->fr2()->isHidden());
   EXPECT_TRUE(window->fr1()->isHidden());
-  EXPECT_EQ(window->Command2()->text(), "Start!");
+  EXPECT_EQ(window->Command2()->Caption(), "Start!");
   EXPECT_TRUE(window->Command1()->isEnabled());
   Back();
   EXPECT_EQ(window->wizard().WizardStep, 0);
@@ -72,7 +72,7 @@ TEST_F(StartUpTest, StartWithAnEmptyListTerminatesAndBackOffersStartAgain) {
   EXPECT_FALSE(window->Command2()->isEnabled());
   Back();
   EXPECT_EQ(window->wizard().WizardStep, 1);
-  EXPECT_EQ(window->Command2()->text(), "Start!");
+  EXPECT_EQ(window->Command2()->Caption(), "Start!");
 }
 
 TEST_F(StartUpTest, AResizeBelowTheMinimumIsUndone) {
