@@ -19,6 +19,17 @@ bool TakesBitmapDepth(FREE_IMAGE_FORMAT format, FIBITMAP* dib) {
   return true;
 }
 
+// True for a palette of grey levels only, in whatever order (FreeImage calls a 4-bit grey ramp
+// a palette).
+bool HasGreyPalette(FIBITMAP* dib) {
+  const RGBQUAD* palette = FreeImage_GetPalette(dib);
+  if (!palette) return false;
+  for (unsigned i = 0; i < FreeImage_GetColorsUsed(dib); ++i) {
+    if (palette[i].rgbRed != palette[i].rgbGreen || palette[i].rgbGreen != palette[i].rgbBlue) return false;
+  }
+  return true;
+}
+
 // A float page for EXR: RGBA when the page has alpha, RGB otherwise; float grey stays as it is.
 Bitmap ToExrFloat(FIBITMAP* dib) {
   if (HasAlpha(dib)) return Bitmap(FreeImage_ConvertToRGBAF(dib));
@@ -40,8 +51,8 @@ Bitmap ConvertBitmapTo(FIBITMAP* dib, unsigned bpp) {
     case 4:
       return Bitmap(FreeImage_ConvertTo4Bits(dib));
     case 8:
-      // Grey pages stay grey; colour pages get a palette of their own colours.
-      if (FreeImage_GetColorType(dib) == FIC_MINISBLACK) return Bitmap(FreeImage_ConvertTo8Bits(dib));
+      // Grey pages become plain 8-bit grey; colour pages get a palette of their own colours.
+      if (HasGreyPalette(dib)) return Bitmap(FreeImage_ConvertToGreyscale(dib));
       return QuantizeTo8(dib);
     case 16:
       return Bitmap(FreeImage_ConvertTo16Bits565(dib));

@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "imaging/export_depth.h"
+#include "imaging/file_sanity.h"
 
 namespace velmora::imaging {
 namespace {
@@ -23,13 +24,27 @@ bool ExistsAsFile(const std::string& path) {
   return std::filesystem::is_regular_file(path, error);
 }
 
-int PageLoadFlags(FREE_IMAGE_FORMAT format) {
-  if (format == FIF_GIF) return GIF_PLAYBACK;
+int PageLoadFlags(FREE_IMAGE_FORMAT format, const std::string& path) {
+  // Frames are composed as shown only when they fit the screen; otherwise each comes as stored.
+  if (format == FIF_GIF) return GifFramesFitScreen(path) ? GIF_PLAYBACK : 0;
   if (format == FIF_ICO) return ICO_MAKEALPHA;
   return 0;
 }
 
+// Every read goes through these two, which keep away files FreeImage would not survive.
+Bitmap Read(FREE_IMAGE_FORMAT format, const std::string& path, int flags) {
+  if (!SafeToRead(format, path)) return nullptr;
+  const bool header_only = (flags & FIF_LOAD_NOPIXELS) != 0;
+  if (!header_only && FreeImage_FIFSupportsNoPixels(format)) {
+    // The header first, where the format allows: a damaged size is caught before the allocation.
+    Bitmap header(FreeImage_Load(format, path.c_str(), flags | FIF_LOAD_NOPIXELS));
+    if (!header || !PixelCountIsPlausible(header.get())) return nullptr;
+  }
+  return Bitmap(FreeImage_Load(format, path.c_str(), flags));
+}
+
 ReadOnlyMultiBitmap OpenForReading(FREE_IMAGE_FORMAT format, const std::string& path, int flags) {
+  if (!SafeToRead(format, path)) return nullptr;
   return ReadOnlyMultiBitmap(FreeImage_OpenMultiBitmap(format, path.c_str(), FALSE, TRUE, TRUE, flags));
 }
 
@@ -53,28 +68,27 @@ Bitmap LoadImageFile(const std::string& path, int format, int flags) {
   if (format >= 0) {
     const auto wanted = static_cast<FREE_IMAGE_FORMAT>(format);
     if (format < FreeImage_GetFIFCount() && FreeImage_FIFSupportsReading(wanted)) {
-      if (Bitmap loaded{FreeImage_Load(wanted, path.c_str(), flags)}) return loaded;
+      if (Bitmap loaded = Read(wanted, path, flags)) return loaded;
     }
     // A file named after one format but holding another (an ".ico" that is a PNG) is read as what
     // it holds, without flags meant for the other format.
     if (detected == FIF_UNKNOWN || detected == wanted) return nullptr;
-    return Bitmap(FreeImage_Load(detected, path.c_str(), 0));
+    return Read(detected, path, 0);
   }
   if (detected == FIF_UNKNOWN) return nullptr;
-  return Bitmap(FreeImage_Load(detected, path.c_str(), flags));
+  return Read(detected, path, flags);
 }
 
 int CountImagePages(const std::string& path) {
   const FREE_IMAGE_FORMAT format = DetectReadableFormat(path);
   if (format == FIF_UNKNOWN) return 0;
-  if (IsMultipageFormat(format)) {
-    ReadOnlyMultiBitmap multi = OpenForReading(format, path, 0);
-    return multi ? std::max(0, FreeImage_GetPageCount(multi.get())) : 0;
-  }
-  // Reading the header is enough to know the file is an image, where the format allows it.
+  // The first image must read: a multipage header alone may promise pages that are not there.
+  // Where the format allows, its header is enough.
   const int flags = FreeImage_FIFSupportsNoPixels(format) ? FIF_LOAD_NOPIXELS : 0;
-  Bitmap probe(FreeImage_Load(format, path.c_str(), flags));
-  return probe ? 1 : 0;
+  if (!Read(format, path, flags)) return 0;
+  if (!IsMultipageFormat(format)) return 1;
+  ReadOnlyMultiBitmap multi = OpenForReading(format, path, 0);
+  return multi ? std::max(0, FreeImage_GetPageCount(multi.get())) : 0;
 }
 
 std::vector<Bitmap> LoadImagePages(const std::string& path) {
@@ -82,10 +96,10 @@ std::vector<Bitmap> LoadImagePages(const std::string& path) {
   const FREE_IMAGE_FORMAT format = DetectReadableFormat(path);
   if (format == FIF_UNKNOWN) return pages;
   if (!IsMultipageFormat(format)) {
-    if (Bitmap single{FreeImage_Load(format, path.c_str(), 0)}) pages.push_back(std::move(single));
+    if (Bitmap single = Read(format, path, 0)) pages.push_back(std::move(single));
     return pages;
   }
-  ReadOnlyMultiBitmap multi = OpenForReading(format, path, PageLoadFlags(format));
+  ReadOnlyMultiBitmap multi = OpenForReading(format, path, PageLoadFlags(format, path));
   if (!multi) return pages;
   const int count = FreeImage_GetPageCount(multi.get());
   for (int index = 0; index < count; ++index) {

@@ -1,0 +1,23 @@
+// Checks made before FreeImage reads a file, for the damage that makes its readers hang, crash or
+// allocate without end: truncated ICO directories and OpenEXR headers, GIF frames off the screen.
+#pragma once
+
+#include <string>
+
+#include "imaging/bitmap.h"
+
+namespace velmora::imaging {
+
+// False when a file of `format` is cut short or malformed in a way its FreeImage reader does not
+// survive; true for formats that need no check.
+bool SafeToRead(FREE_IMAGE_FORMAT format, const std::string& path);
+
+// True when every frame of a GIF lies within its logical screen, the condition for composing the
+// frames as shown (GIF_PLAYBACK) without writing outside the screen.
+bool GifFramesFitScreen(const std::string& path);
+
+// False for a page header claiming more pixels than this program would ever hold (2^28): such a
+// header is damage, and reading on would allocate gigabytes.
+bool PixelCountIsPlausible(FIBITMAP* header);
+
+}  // namespace velmora::imaging
