@@ -58,7 +58,10 @@ SettingsDialog::SettingsDialog(QWidget* owner, engine::Settings& settings)
   auto field = [](QWidget* page, const char* name, int row, bool password = false) {
     auto* edit = new SelectAllEdit(name, page);
     edit->setGeometry(kFieldLeft, 16 + row * kRow, kFieldWidth, 22);
-    if (password) edit->setEchoMode(QLineEdit::Password);
+    if (password) {
+      edit->setEchoMode(QLineEdit::Password);
+      edit->setStyleSheet("lineedit-password-character: 42;");  // shown as "*"
+    }
     return edit;
   };
 
