@@ -69,8 +69,9 @@ Bitmap ScaleStraight(FIBITMAP* dib, const FloatLayout& layout) {
   return out;
 }
 
+// Reinhard's operator keeps bright colours apart where Drago's saturates them.
 Bitmap ToneMap(FIBITMAP* dib, const FloatLayout& layout) {
-  Bitmap mapped(FreeImage_ToneMapping(dib, FITMO_DRAGO03, 0, 0));
+  Bitmap mapped(FreeImage_ToneMapping(dib, FITMO_REINHARD05, 0, 0));
   if (!mapped) return nullptr;
   if (layout.colours == 1) return Bitmap(FreeImage_ConvertToGreyscale(mapped.get()));
   if (layout.stride == 3) return mapped;
