@@ -11,23 +11,48 @@ ImagingLibrary::ImagingLibrary() : state_(std::make_unique<State>()) {}
 
 ImagingLibrary::~ImagingLibrary() = default;
 
-void ImagingLibrary::Release(Handle image) { state_->images.Release(image); }
+// The calls below report nothing, so a failure inside them (the table's lock) only gives the
+// empty answer.
+void ImagingLibrary::Release(Handle image) {
+  try {
+    state_->images.Release(image);
+  } catch (...) {
+  }
+}
 
-std::size_t ImagingLibrary::LiveImageCount() const { return state_->images.Count(); }
+std::size_t ImagingLibrary::LiveImageCount() const {
+  try {
+    return state_->images.Count();
+  } catch (...) {
+    return 0;
+  }
+}
+
+namespace {
+
+// A number read from the page behind `image`, or 0 when there is no such page.
+template <typename Read>
+std::uint32_t Query(const HandleTable& images, Handle image, Read read) {
+  try {
+    FIBITMAP* dib = images.Find(image);
+    return dib ? read(dib) : 0;
+  } catch (...) {
+    return 0;
+  }
+}
+
+}  // namespace
 
 void ImagingLibrary::FreeImage_GetWidth(Handle image, std::uint32_t& width) {
-  FIBITMAP* dib = state_->images.Find(image);
-  width = dib ? ::FreeImage_GetWidth(dib) : 0;
+  width = Query(state_->images, image, [](FIBITMAP* dib) { return ::FreeImage_GetWidth(dib); });
 }
 
 void ImagingLibrary::FreeImage_GetHeight(Handle image, std::uint32_t& height) {
-  FIBITMAP* dib = state_->images.Find(image);
-  height = dib ? ::FreeImage_GetHeight(dib) : 0;
+  height = Query(state_->images, image, [](FIBITMAP* dib) { return ::FreeImage_GetHeight(dib); });
 }
 
 void ImagingLibrary::FreeImage_GetBPP(Handle image, std::uint32_t& bpp) {
-  FIBITMAP* dib = state_->images.Find(image);
-  bpp = dib ? ::FreeImage_GetBPP(dib) : 0;
+  bpp = Query(state_->images, image, [](FIBITMAP* dib) { return ::FreeImage_GetBPP(dib); });
 }
 
 namespace {

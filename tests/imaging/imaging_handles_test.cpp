@@ -4,7 +4,11 @@
 
 #include <FreeImage.h>
 
+#include <thread>
+#include <vector>
+
 #include "imaging/imaging_library.h"
+#include "scripts/sample_images.h"
 #include "tests/imaging/imaging_test_pages.h"
 #include "tests/support/test_support.h"
 
@@ -138,6 +142,43 @@ TEST(ImagingHandles, ReplacingAnInOutHandleFreesTheOldImageAndKeepsTheNumber) {
   EXPECT_EQ(FactsOf(library, grey).bpp, 8u);
   EXPECT_EQ(FactsOf(library, page).bpp, 32u);
   EXPECT_EQ(library.LiveImageCount(), 2u);
+}
+
+TEST(ImagingHandles, ThreadsSharingOneObjectEachGetTheirOwnPages) {
+  testing::TempFolder folder;
+  ASSERT_TRUE(samples::WritePhotoJpeg(folder.file("photo.jpg"), 64, 48));
+  ImagingLibrary library;
+  constexpr int kThreads = 4, kRounds = 6;
+  std::vector<std::vector<Handle>> kept(kThreads);
+  std::vector<std::thread> workers;
+  for (int t = 0; t < kThreads; ++t) {
+    workers.emplace_back([&, t] {
+      for (int round = 0; round < kRounds; ++round) {
+        Handle page = 0;
+        CallResult result = 0;
+        library.FreeImage_Load(folder.file("photo.jpg"), page, -1, 0, result);
+        library.FreeImage_Rescale(page, 10 + t, 20 + round, 2, result);
+        library.FreeImage_ConvertTo32Bits(page, page, result);
+        library.FreeImage_Save(page, folder.file(std::to_string(t) + "-" + std::to_string(round) + ".png"),
+                               kFormatPng, 0, -1, result);
+        if (round % 2 == 0) {
+          library.Release(page);
+        } else {
+          kept[t].push_back(page);
+        }
+      }
+    });
+  }
+  for (std::thread& worker : workers) worker.join();
+  EXPECT_EQ(library.LiveImageCount(), static_cast<std::size_t>(kThreads * kRounds / 2));
+  for (int t = 0; t < kThreads; ++t) {
+    for (int round = 0; round < kRounds; ++round) {
+      const auto facts = testing::ReadImageFacts(folder.file(std::to_string(t) + "-" + std::to_string(round) + ".png"));
+      EXPECT_EQ(facts.width, static_cast<unsigned>(10 + t));
+      EXPECT_EQ(facts.height, static_cast<unsigned>(20 + round));
+    }
+    for (const Handle page : kept[t]) EXPECT_EQ(FactsOf(library, page).width, static_cast<std::uint32_t>(10 + t));
+  }
 }
 
 TEST(ImagingAllocate, MakesBlankPagesOfEveryDepthAndRefusesBadOnes) {
