@@ -119,6 +119,7 @@ class MainWindow : public QWidget, public engine::RunView, public preview::Previ
   // Preview.
   void Timer2_Timer();
   void PreviewNow2();  // on this thread, as at start-up
+  void UpdatePreview() { PreviewNow2(); }  // part of the window's interface; nothing calls it
   void ShowPreviewPane(bool shown);
   void PreviewResultClicked();
   void PreviewSourceClicked();

@@ -1,5 +1,5 @@
 // Start-up from an empty disk, the wizard's buttons, the minimum size, and the exit order.
-#include <QSignalSpy>
+#include <QProgressBar>
 
 #include "engine/paths.h"
 #include "scripts/sample_images.h"
@@ -103,6 +103,28 @@ TEST_F(StartUpTest, ClosingSavesTheNameTheWindowStateAndTheProfileThenEnds) {
   EXPECT_EQ(settings::ReadIni("Profile", "8", profile), "closed_{Counter}");
   EXPECT_EQ(settings::ReadIni("Profile", "ProcessTotal", profile), "1");
   EXPECT_EQ(settings::ReadIni("Block_0", "6", profile), "2");
+}
+
+TEST_F(StartUpTest, ClosingDuringARunSavesAndEndsFromInsideTheRun) {
+  std::vector<std::string> files;
+  for (const char* name : {"a.jpg", "b.jpg"}) {
+    files.push_back(work.file(name));
+    ASSERT_TRUE(samples::WritePhotoJpeg(files.back(), 40, 30));
+  }
+  AddImages(files);
+  Next();
+  window->fixed().SaveToText1 = work.file("out");
+  // The close waits in the event queue; the run lets it through at its first yield.
+  QMetaObject::invokeMethod(window.get(), "close", Qt::QueuedConnection);
+  int ends_seen_by_the_run = -1;
+  QObject::connect(window->fr3()->pb1(), &QProgressBar::valueChanged, [&](int value) {
+    if (value == 1) ends_seen_by_the_run = process_ends;
+  });
+  Next();
+  EXPECT_EQ(process_ends, 1);
+  EXPECT_EQ(ends_seen_by_the_run, 1) << "the close came before the first file";
+  const std::string profile = home.DataFolder() + "/Profiles/default.profile";
+  EXPECT_EQ(settings::ReadIni("Profile", "10", profile), work.file("out") + "/");
 }
 
 TEST_F(StartUpTest, AfterANewProfileClosingWritesNoProfileAndAnEmptyLastName) {
