@@ -7,10 +7,10 @@
 
 #include <cstdint>
 #include <functional>
+#include <ostream>
 #include <string>
 
 #include "imaging/imaging_library.h"
-#include "tests/support/test_support.h"
 
 namespace velmora::imaging::testing_pages {
 
@@ -23,15 +23,13 @@ inline std::ostream& operator<<(std::ostream& out, const Rgba& c) {
   return out << "rgba(" << int(c.r) << "," << int(c.g) << "," << int(c.b) << "," << int(c.a) << ")";
 }
 
-// Writes a 24-bit (or 32-bit with `alpha`) PNG whose pixel (x, y), counted from the top-left, is
-// `colour(x, y)`.
+// Writes a 24-bit (32-bit with `alpha`) PNG whose pixel (x, y), from the top-left, is `colour(x, y)`.
 inline std::string WritePattern(const std::string& path, int width, int height,
                                 const std::function<Rgba(int, int)>& colour, bool alpha = false) {
   FIBITMAP* dib = FreeImage_Allocate(width, height, alpha ? 32 : 24);
-  const int bytes = alpha ? 4 : 3;
   for (int y = 0; y < height; ++y) {
     BYTE* row = FreeImage_GetScanLine(dib, height - 1 - y);
-    for (int x = 0; x < width; ++x, row += bytes) {
+    for (int x = 0; x < width; ++x, row += alpha ? 4 : 3) {
       const Rgba c = colour(x, y);
       row[FI_RGBA_RED] = c.r;
       row[FI_RGBA_GREEN] = c.g;
@@ -44,7 +42,6 @@ inline std::string WritePattern(const std::string& path, int width, int height,
   return path;
 }
 
-// A filled page of one colour.
 inline std::string WriteSolid(const std::string& path, int width, int height, Rgba colour, bool alpha = false) {
   return WritePattern(path, width, height, [colour](int, int) { return colour; }, alpha);
 }
@@ -55,11 +52,10 @@ inline Handle LoadPage(ImagingLibrary& library, const std::string& path) {
   CallResult result = 0;
   library.FreeImage_Load(path, page, -1, 0, result);
   EXPECT_NE(result, 0) << path;
-  EXPECT_NE(page, 0u) << path;
   return page;
 }
 
-// Pixel (x, y) of a page, counted from the top-left, as the window would show it.
+// Pixel (x, y) of a page, from the top-left, as a window would show it.
 inline Rgba PixelAt(ImagingLibrary& library, Handle page, int x, int y) {
   DisplayPicture picture;
   CallResult result = 0;
