@@ -1,4 +1,5 @@
-// Turning the back end's RGBA display picture into a QImage the preview boxes can show.
+// Turning the back end's RGBA display picture into a QImage the preview boxes can show; the
+// copy is deep, so a picture made on the worker thread can travel to the window's.
 #pragma once
 
 #include <QImage>

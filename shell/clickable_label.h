@@ -1,4 +1,5 @@
-// A label that reports a left click, for the pictures and links of the windows.
+// A label that reports a left click: the header's pictures and the about box's links use it
+// in place of the system's clickable picture boxes.
 #pragma once
 
 #include <QLabel>

@@ -1,4 +1,5 @@
-// The eight rows of the "New Operation" dialog: title, description, icon and what OK adds.
+// The eight rows of the "New Operation" dialog: title, description, icon and what OK adds;
+// the two watermark rows add the same kind and then pick its type.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,5 @@
-// The seven operation panels, one class per kind; each lives in a file of its own.
+// The seven operation panels, one class per kind; each lives in a file of its own and edits
+// its entry's values through the handlers of panel_controls.h.
 #pragma once
 
 #include "shell/panels/operation_panel.h"
