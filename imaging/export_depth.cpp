@@ -12,10 +12,12 @@ bool TakesBitmapDepth(FREE_IMAGE_FORMAT format, FIBITMAP* dib) {
   const unsigned bpp = FreeImage_GetBPP(dib);
   if (!FreeImage_FIFSupportsExportBPP(format, static_cast<int>(bpp))) return false;
   if (format == FIF_JPEG) {
-    // The JPEG encoder claims 32 bits but refuses them, and writes an 8-bit page as grey levels.
+    // The JPEG encoder claims 32 bits but refuses them, and writes any 8-bit page as grey levels.
     if (bpp == 32) return false;
     if (bpp == 8) return FreeImage_GetColorType(dib) == FIC_MINISBLACK;
   }
+  // The TGA encoder writes 16-bit words as they are, and TGA knows only 5:5:5.
+  if (format == FIF_TARGA && bpp == 16) return FreeImage_GetGreenMask(dib) == FI16_555_GREEN_MASK;
   return true;
 }
 
@@ -30,7 +32,7 @@ bool HasGreyPalette(FIBITMAP* dib) {
   return true;
 }
 
-// A float page for EXR: RGBA when the page has alpha, RGB otherwise; float grey stays as it is.
+// A float page for EXR: RGBA when the page has alpha, RGB otherwise.
 Bitmap ToExrFloat(FIBITMAP* dib) {
   if (HasAlpha(dib)) return Bitmap(FreeImage_ConvertToRGBAF(dib));
   return Bitmap(FreeImage_ConvertToRGBF(dib));
@@ -55,7 +57,8 @@ Bitmap ConvertBitmapTo(FIBITMAP* dib, unsigned bpp) {
       if (HasGreyPalette(dib)) return Bitmap(FreeImage_ConvertToGreyscale(dib));
       return QuantizeTo8(dib);
     case 16:
-      return Bitmap(FreeImage_ConvertTo16Bits565(dib));
+      // 5:5:5, the layout every 16-bit writer takes.
+      return Bitmap(FreeImage_ConvertTo16Bits555(dib));
     case 24:
       return Bitmap(FreeImage_ConvertTo24Bits(dib));
     case 32:
@@ -70,7 +73,7 @@ Bitmap ConvertBitmapTo(FIBITMAP* dib, unsigned bpp) {
 std::span<const unsigned> DepthsNearest(unsigned bpp, bool alpha) {
   static constexpr unsigned kFromLow[] = {8, 24, 32};
   static constexpr unsigned kFromAlpha8[] = {32, 24};
-  static constexpr unsigned kFrom16[] = {24, 32, 8};
+  static constexpr unsigned kFrom16[] = {16, 24, 32, 8};  // 16 first: 5:6:5 to 5:5:5
   static constexpr unsigned kFrom24[] = {32, 8};
   static constexpr unsigned kFrom32[] = {24, 8};
   if (bpp <= 8) return alpha && bpp == 8 ? std::span<const unsigned>(kFromAlpha8) : kFromLow;

@@ -1,5 +1,6 @@
 // Depth conversions deliver the depth they name from ordinary, 16-bit and float pages alike;
-// 5:5:5 and 5:6:5 differ, mono splits at the threshold, float pages keep or tone map their values.
+// 5:5:5 and 5:6:5 differ (and TGA gets 5:5:5), mono splits at the threshold, float pages keep or
+// tone map their values.
 #include <gtest/gtest.h>
 
 #include <FreeImage.h>
@@ -71,6 +72,12 @@ TEST_F(ImagingDepth, SixteenBitLayoutsAndTheMonoThreshold) {
     ASSERT_NE(back, nullptr);
     EXPECT_EQ(FreeImage_GetGreenMask(back), as565 ? FI16_565_GREEN_MASK : FI16_555_GREEN_MASK);
     FreeImage_Unload(back);
+    // TGA knows only 5:5:5: a 5:6:5 page is written in that layout with its colours.
+    library.FreeImage_Save(page, folder.file("sixteen.tga"), kFormatTga, 0, -1, result);
+    Handle tga = testing_pages::LoadPage(library, folder.file("sixteen.tga"));
+    EXPECT_EQ(FactsOf(library, tga).bpp, 16u);
+    EXPECT_NEAR(PixelAt(library, tga, 7, 1).r, 200, 8);
+    EXPECT_NEAR(PixelAt(library, tga, 7, 1).g, 200, 8);
   }
   Handle page = testing_pages::LoadPage(library, path);
   CallResult result = 0;
