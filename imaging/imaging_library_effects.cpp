@@ -15,15 +15,26 @@ bool IsTrueColor(FIBITMAP* dib) { return IsBitmapOfDepth(dib, 24) || IsBitmapOfD
 // Runs `draw` on the page when it is already 24 or 32 bits (`draw` leaves it untouched when it
 // fails); otherwise on a true-colour copy that replaces the page only when `draw` succeeds.
 template <typename Draw>
+bool DrawOnTrueColorPage(HandleTable& images, Handle image, Draw draw) {
+  FIBITMAP* dib = images.Find(image);
+  if (!dib) return false;
+  if (IsTrueColor(dib)) return draw(dib);
+  Bitmap copy = ToTrueColor(dib);
+  if (!copy || !draw(copy.get())) return false;
+  return ReplaceImage(images, image, std::move(copy));
+}
+
+template <typename Draw>
 void DrawOnTrueColor(HandleTable& images, Handle image, CallResult& result, Draw draw) {
-  Report(result, [&] {
-    FIBITMAP* dib = images.Find(image);
-    if (!dib) return false;
-    if (IsTrueColor(dib)) return draw(dib);
-    Bitmap copy = ToTrueColor(dib);
-    if (!copy || !draw(copy.get())) return false;
-    return ReplaceImage(images, image, std::move(copy));
-  });
+  Report(result, [&] { return DrawOnTrueColorPage(images, image, draw); });
+}
+
+// A 32-bit copy of the watermark, whatever its depth or type.
+Bitmap WatermarkCopy(FIBITMAP* mark) {
+  if (IsBitmapOfDepth(mark, 32)) return Bitmap(FreeImage_Clone(mark));
+  Bitmap copy = ToTrueColor(mark);
+  if (copy && !IsBitmapOfDepth(copy.get(), 32)) copy.reset(FreeImage_ConvertTo32Bits(copy.get()));
+  return copy;
 }
 
 }  // namespace
@@ -71,21 +82,14 @@ void ImagingLibrary::EffectSharpen(Handle& image, std::int32_t strong, CallResul
 
 void ImagingLibrary::PasteWatermark(Handle& image, Handle watermark, std::int32_t left, std::int32_t top,
                                     std::int32_t transparent_color, CallResult& result) {
-  FIBITMAP* mark = state_->images.Find(watermark);
-  Bitmap mark32;
-  try {
-    // A 32-bit copy of the watermark, taken before the page changes (they may be one image).
-    if (mark) mark32 = IsBitmapOfDepth(mark, 32) ? Bitmap(FreeImage_Clone(mark)) : ToTrueColor(mark);
-    if (mark32 && !IsBitmapOfDepth(mark32.get(), 32)) mark32.reset(::FreeImage_ConvertTo32Bits(mark32.get()));
-  } catch (...) {
-    mark32.reset();
-  }
-  if (!mark32) {
-    result = kFailed;
-    return;
-  }
-  DrawOnTrueColor(state_->images, image, result, [&](FIBITMAP* dib) {
-    return PasteClipped(dib, mark32.get(), left, top, transparent_color);
+  Report(result, [&] {
+    FIBITMAP* mark = state_->images.Find(watermark);
+    if (!mark || !state_->images.Find(image)) return false;
+    // Copied before the page changes: the watermark may be the page itself.
+    const Bitmap mark32 = WatermarkCopy(mark);
+    return mark32 && DrawOnTrueColorPage(state_->images, image, [&](FIBITMAP* dib) {
+             return PasteClipped(dib, mark32.get(), left, top, transparent_color);
+           });
   });
 }
 
