@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string>
 
+#include "imaging/tiff_messages.h"
 #include "scripts/sample_images.h"
 
 int main(int argc, char** argv) {
@@ -15,6 +16,7 @@ int main(int argc, char** argv) {
   const std::filesystem::path folder = argv[1];
   const int jpegs = std::atoi(argv[2]), others = std::atoi(argv[3]);
   const int width = argc == 6 ? std::atoi(argv[4]) : 4000, height = argc == 6 ? std::atoi(argv[5]) : 3000;
+  velmora::imaging::SilenceTiffMessages();
   std::filesystem::create_directories(folder);
   auto write = [&](const std::string& name, unsigned seed) {
     const std::string path = (folder / name).string();

@@ -4,10 +4,11 @@
 
 #include "imaging/display_picture.h"
 #include "imaging/library_state.h"
+#include "imaging/tiff_messages.h"
 
 namespace velmora::imaging {
 
-ImagingLibrary::ImagingLibrary() : state_(std::make_unique<State>()) {}
+ImagingLibrary::ImagingLibrary() : state_(std::make_unique<State>()) { SilenceTiffMessages(); }
 
 ImagingLibrary::~ImagingLibrary() = default;
 

@@ -2,6 +2,7 @@
 #include <cstdio>
 #include <filesystem>
 
+#include "imaging/tiff_messages.h"
 #include "scripts/sample_images.h"
 
 int main(int argc, char** argv) {
@@ -9,6 +10,7 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "usage: velmora-make-samples FOLDER\n");
     return 2;
   }
+  velmora::imaging::SilenceTiffMessages();
   std::error_code error;
   std::filesystem::create_directories(argv[1], error);
   const auto written = velmora::samples::WriteSampleSet(argv[1]);
