@@ -42,10 +42,14 @@ int main(int argc, char** argv) {
   int images = 8, width = 4000, height = 3000;
   std::string folder = (std::filesystem::temp_directory_path() / "velmora-bench").string();
   for (int i = 1; i + 1 < argc; i += 2) {
-    if (!std::strcmp(argv[i], "--images")) images = std::atoi(argv[i + 1]);
-    else if (!std::strcmp(argv[i], "--width")) width = std::atoi(argv[i + 1]);
-    else if (!std::strcmp(argv[i], "--height")) height = std::atoi(argv[i + 1]);
-    else if (!std::strcmp(argv[i], "--folder")) folder = argv[i + 1];
+    if (!std::strcmp(argv[i], "--images"))
+      images = std::atoi(argv[i + 1]);
+    else if (!std::strcmp(argv[i], "--width"))
+      width = std::atoi(argv[i + 1]);
+    else if (!std::strcmp(argv[i], "--height"))
+      height = std::atoi(argv[i + 1]);
+    else if (!std::strcmp(argv[i], "--folder"))
+      folder = argv[i + 1];
   }
   namespace fs = std::filesystem;
   const fs::path sources = fs::path(folder) / "sources", output = fs::path(folder) / "output";
@@ -54,8 +58,9 @@ int main(int argc, char** argv) {
 
   velmora::engine::SourceList list;
   for (int i = 0; i < images; ++i) {
-    const std::string path = (sources / ("photo" + std::to_string(i) + "_" + std::to_string(width) + "x" +
-                                         std::to_string(height) + ".jpg")).string();
+    const std::string path =
+        (sources / ("photo" + std::to_string(i) + "_" + std::to_string(width) + "x" + std::to_string(height) + ".jpg"))
+            .string();
     if (!fs::exists(path) && !velmora::samples::WritePhotoJpeg(path, width, height, 90, 100 + i)) {
       std::fprintf(stderr, "cannot write %s\n", path.c_str());
       return 1;

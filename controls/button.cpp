@@ -11,8 +11,7 @@
 
 namespace velmora::controls {
 
-Button::Button(QWidget* parent, const QString& name)
-    : QWidget(parent), props_(new_button_properties(name)) {
+Button::Button(QWidget* parent, const QString& name) : QWidget(parent), props_(new_button_properties(name)) {
   setObjectName(name);
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
@@ -31,11 +30,15 @@ void Button::changed(const char* name) {
   Refresh();
 }
 
-void Button::setButtonShape(int v) { set_field(&ButtonProperties::ButtonShape, v, "ButtonShape"); }
+void Button::setButtonShape(int v) {
+  set_field(&ButtonProperties::ButtonShape, v, "ButtonShape");
+}
 void Button::setButtonStyleColors(int v) {
   set_field(&ButtonProperties::ButtonStyleColors, v, "ButtonStyleColors");
 }
-void Button::setButtonType(int v) { set_field(&ButtonProperties::ButtonType, v, "ButtonType"); }
+void Button::setButtonType(int v) {
+  set_field(&ButtonProperties::ButtonType, v, "ButtonType");
+}
 void Button::setCaptionAlignment(int v) {
   set_field(&ButtonProperties::CaptionAlignment, v, "CaptionAlignment");
 }
@@ -45,11 +48,15 @@ void Button::setCaptionEffect(int v) {
 void Button::setCaptionStyle(int v) {
   set_field(&ButtonProperties::CaptionStyle, v, "CaptionStyle");
 }
-void Button::setDropDown(int v) { set_field(&ButtonProperties::DropDown, v, "DropDown"); }
+void Button::setDropDown(int v) {
+  set_field(&ButtonProperties::DropDown, v, "DropDown");
+}
 void Button::setPictureAlignment(int v) {
   set_field(&ButtonProperties::PictureAlignment, v, "PictureAlignment");
 }
-void Button::setBackColor(quint32 v) { set_field(&ButtonProperties::BackColor, v, "BackColor"); }
+void Button::setBackColor(quint32 v) {
+  set_field(&ButtonProperties::BackColor, v, "BackColor");
+}
 void Button::setBackColorPressed(quint32 v) {
   set_field(&ButtonProperties::BackColorPressed, v, "BackColorPressed");
 }
@@ -65,7 +72,9 @@ void Button::setBorderColorPressed(quint32 v) {
 void Button::setBorderColorHover(quint32 v) {
   set_field(&ButtonProperties::BorderColorHover, v, "BorderColorHover");
 }
-void Button::setForeColor(quint32 v) { set_field(&ButtonProperties::ForeColor, v, "ForeColor"); }
+void Button::setForeColor(quint32 v) {
+  set_field(&ButtonProperties::ForeColor, v, "ForeColor");
+}
 void Button::setForeColorPressed(quint32 v) {
   set_field(&ButtonProperties::ForeColorPressed, v, "ForeColorPressed");
 }
@@ -75,12 +84,24 @@ void Button::setForeColorHover(quint32 v) {
 void Button::setEffectColor(quint32 v) {
   set_field(&ButtonProperties::EffectColor, v, "EffectColor");
 }
-void Button::setCaption(const QString& v) { set_field(&ButtonProperties::Caption, v, "Caption"); }
-void Button::setFocusRect(bool v) { set_field(&ButtonProperties::FocusRect, v, "FocusRect"); }
-void Button::setValue(bool v) { set_field(&ButtonProperties::Value, v, "Value"); }
-void Button::setHandPointer(bool v) { set_field(&ButtonProperties::HandPointer, v, "HandPointer"); }
-void Button::setPicture(const QImage& v) { set_field(&ButtonProperties::Picture, v, "Picture"); }
-void Button::setPictureGray(bool v) { set_field(&ButtonProperties::PictureGray, v, "PictureGray"); }
+void Button::setCaption(const QString& v) {
+  set_field(&ButtonProperties::Caption, v, "Caption");
+}
+void Button::setFocusRect(bool v) {
+  set_field(&ButtonProperties::FocusRect, v, "FocusRect");
+}
+void Button::setValue(bool v) {
+  set_field(&ButtonProperties::Value, v, "Value");
+}
+void Button::setHandPointer(bool v) {
+  set_field(&ButtonProperties::HandPointer, v, "HandPointer");
+}
+void Button::setPicture(const QImage& v) {
+  set_field(&ButtonProperties::Picture, v, "Picture");
+}
+void Button::setPictureGray(bool v) {
+  set_field(&ButtonProperties::PictureGray, v, "PictureGray");
+}
 void Button::setMousePointer(int v) {
   set_field(&ButtonProperties::MousePointer, static_cast<std::int16_t>(v), "MousePointer");
 }
@@ -98,15 +119,21 @@ void Button::setButtonTheme(int value) {
   changed("ButtonTheme");
 }
 
-void Button::setDesignMode(bool on) { machine_.set_design_mode(on); }
+void Button::setDesignMode(bool on) {
+  machine_.set_design_mode(on);
+}
 
-quintptr Button::hWnd() const { return static_cast<quintptr>(effectiveWinId()); }
+quintptr Button::hWnd() const {
+  return static_cast<quintptr>(effectiveWinId());
+}
 
 QSize Button::sizeHint() const {
   return button_surface_size(props_.ButtonShape, QSize(kNewButtonWidth, kNewButtonHeight));
 }
 
-QSize Button::minimumSizeHint() const { return {kMinButtonSide, kMinButtonSide}; }
+QSize Button::minimumSizeHint() const {
+  return {kMinButtonSide, kMinButtonSide};
+}
 
 QFont Button::host_font() const {
   return parentWidget() != nullptr ? parentWidget()->font() : QApplication::font();
@@ -124,7 +151,9 @@ void Button::ReadProperties(const PropertyBag& bag) {
   Refresh();
 }
 
-void Button::Refresh() { run(machine_.redraw(props_)); }
+void Button::Refresh() {
+  run(machine_.redraw(props_));
+}
 
 void Button::update_cursor() {
   if (wants_hand_cursor(props_, machine_.state())) {
@@ -158,9 +187,13 @@ void Button::paintEvent(QPaintEvent* /*event*/) {
   painter.drawImage(0, 0, frame_.image);
 }
 
-void Button::resizeEvent(QResizeEvent* /*event*/) { Refresh(); }
+void Button::resizeEvent(QResizeEvent* /*event*/) {
+  Refresh();
+}
 
-void Button::showEvent(QShowEvent* /*event*/) { Refresh(); }
+void Button::showEvent(QShowEvent* /*event*/) {
+  Refresh();
+}
 
 void Button::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);

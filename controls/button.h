@@ -149,8 +149,7 @@ class Button : public QWidget {
   // change the pointed-to effect. `state` of oleDragOver is 0 enter, 1 leave, 2 over.
   void oleCompleteDrag(int effect);
   void oleDragDrop(const QMimeData* data, int* effect, int button, int shift, int x, int y);
-  void oleDragOver(const QMimeData* data, int* effect, int button, int shift, int x, int y,
-                   int state);
+  void oleDragOver(const QMimeData* data, int* effect, int button, int shift, int x, int y, int state);
   void oleGiveFeedback(int effect, bool* defaultCursors);
   void oleSetData(QMimeData* data, const QString& dataFormat);
   void oleStartDrag(QMimeData* data, int* allowedEffects);

@@ -27,8 +27,7 @@ void glow(QImage& image, ShapeRings& rings, const std::array<OleColor, 5>& color
   }
 }
 
-void paint_style_rims(QImage& image, ShapeRings& rings, const ButtonProperties& props,
-                      const ButtonLook& look) {
+void paint_style_rims(QImage& image, ShapeRings& rings, const ButtonProperties& props, const ButtonLook& look) {
   const bool focus = focus_shown(props, look);
   switch (props.ButtonStyle) {
     case 1:
@@ -40,9 +39,7 @@ void paint_style_rims(QImage& image, ShapeRings& rings, const ButtonProperties& 
         rim(image, rings, kRimInset, RimSide::Lit, kSys3DHighlight);
       }
       break;
-    case 2:
-      rim(image, rings, kRimInset, RimSide::Lit, look.pressed ? kSys3DDarkShadow : kSys3DHighlight);
-      break;
+    case 2: rim(image, rings, kRimInset, RimSide::Lit, look.pressed ? kSys3DDarkShadow : kSys3DHighlight); break;
     case 3:
       if (look.pressed) {
         rim(image, rings, kRimInset, RimSide::Lit, kSys3DDarkShadow);
@@ -69,8 +66,7 @@ void paint_style_rims(QImage& image, ShapeRings& rings, const ButtonProperties& 
       ring(image, rings, kGlowFirstInset, look.pressed ? kStyle7Pressed : kStyle7Normal);
       if (focus) ring(image, rings, kGlowFirstInset, kStyle7Focus);
       break;
-    default:
-      break;  // 5, 8 and unknown styles draw no rims
+    default: break;  // 5, 8 and unknown styles draw no rims
   }
   const int style = props.ButtonStyle;
   if (focus && style != 4 && style != 6 && style != 7) {
@@ -93,8 +89,7 @@ void paint_pixels(QImage& image, const std::vector<QPoint>& pixels, QRgb color) 
   }
 }
 
-void paint_border(QImage& image, const ButtonProperties& props, const ButtonLook& look,
-                  OleColor draw_color) {
+void paint_border(QImage& image, const ButtonProperties& props, const ButtonLook& look, OleColor draw_color) {
   if (props.ButtonShape < 0 || props.ButtonShape >= shape::kCount) return;
   ShapeRings rings(props.ButtonShape, image.width(), image.height());
   ring(image, rings, kOutlineInset, draw_color);

@@ -20,8 +20,7 @@ inline constexpr int kFocusRingInset = 4;
 inline constexpr int kGlowFirstInset = 2;
 
 // Draws ring 0 in `draw_color` and the style's rings. Shapes above 11 draw nothing.
-void paint_border(QImage& image, const ButtonProperties& props, const ButtonLook& look,
-                  OleColor draw_color);
+void paint_border(QImage& image, const ButtonProperties& props, const ButtonLook& look, OleColor draw_color);
 
 // Helpers shared by the other layers.
 void paint_region(QImage& image, const QRegion& region, QRgb color);

@@ -10,8 +10,7 @@
 namespace velmora::controls {
 namespace {
 
-void text_at(QPainter& painter, const QFontMetrics& metrics, QPoint top_left, const QString& text,
-             OleColor color) {
+void text_at(QPainter& painter, const QFontMetrics& metrics, QPoint top_left, const QString& text, OleColor color) {
   painter.setPen(to_qcolor(color));
   painter.drawText(QPoint(top_left.x(), top_left.y() + metrics.ascent()), text);
 }
@@ -27,8 +26,7 @@ QSize caption_extent(const QString& text, const QFont& font, const QImage& surfa
   return {metrics.horizontalAdvance(text), metrics.height()};
 }
 
-void recolor_gradient(QImage& image, const QRect& box, QRgb color, QRgb start, QRgb end,
-                      bool horizontal) {
+void recolor_gradient(QImage& image, const QRect& box, QRgb color, QRgb start, QRgb end, bool horizontal) {
   const QRect area = box & image.rect();
   const int span = std::max(1, (horizontal ? box.width() : box.height()) - 1);
   for (int y = area.top(); y <= area.bottom(); ++y) {
@@ -60,9 +58,7 @@ QRect paint_caption(QImage& image, const ButtonProperties& props, const ButtonLo
   }
   if (look.pressed) at += QPoint(1, 1);
   switch (props.CaptionEffect) {
-    case effect::kShadowUpLeft:
-      text_at(painter, metrics, at + QPoint(-1, -1), props.Caption, props.EffectColor);
-      break;
+    case effect::kShadowUpLeft: text_at(painter, metrics, at + QPoint(-1, -1), props.Caption, props.EffectColor); break;
     case effect::kShadowDownRight:
       text_at(painter, metrics, at + QPoint(1, 1), props.Caption, props.EffectColor);
       break;
@@ -73,8 +69,7 @@ QRect paint_caption(QImage& image, const ButtonProperties& props, const ButtonLo
         }
       }
       break;
-    default:
-      break;
+    default: break;
   }
   const OleColor color = state_fore_color(props, look);
   text_at(painter, metrics, at, props.Caption, color);

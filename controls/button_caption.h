@@ -21,7 +21,6 @@ QRect paint_caption(QImage& image, const ButtonProperties& props, const ButtonLo
 
 // Recolours every pixel of the box that has exactly `color`, from `start` to `end` along x
 // (horizontal) or along y.
-void recolor_gradient(QImage& image, const QRect& box, QRgb color, QRgb start, QRgb end,
-                      bool horizontal);
+void recolor_gradient(QImage& image, const QRect& box, QRgb color, QRgb start, QRgb end, bool horizontal);
 
 }  // namespace velmora::controls

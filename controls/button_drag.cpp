@@ -26,9 +26,8 @@ void answer(QDropEvent* event, int effect) {
     event->ignore();
     return;
   }
-  event->setDropAction((effect & Qt::MoveAction) != 0 && (effect & Qt::CopyAction) == 0
-                           ? Qt::MoveAction
-                           : Qt::CopyAction);
+  event->setDropAction((effect & Qt::MoveAction) != 0 && (effect & Qt::CopyAction) == 0 ? Qt::MoveAction
+                                                                                        : Qt::CopyAction);
   event->accept();
 }
 
@@ -37,16 +36,16 @@ void answer(QDropEvent* event, int effect) {
 void Button::dragEnterEvent(QDragEnterEvent* event) {
   int effect = static_cast<int>(event->possibleActions()) & kEffectMask;
   const QPoint p = event->position().toPoint();
-  emit oleDragOver(event->mimeData(), &effect, button_mask(event->buttons()),
-                   shift_mask(event->modifiers()), p.x(), p.y(), kDragEnter);
+  emit oleDragOver(event->mimeData(), &effect, button_mask(event->buttons()), shift_mask(event->modifiers()), p.x(),
+                   p.y(), kDragEnter);
   answer(event, effect);
 }
 
 void Button::dragMoveEvent(QDragMoveEvent* event) {
   int effect = static_cast<int>(event->possibleActions()) & kEffectMask;
   const QPoint p = event->position().toPoint();
-  emit oleDragOver(event->mimeData(), &effect, button_mask(event->buttons()),
-                   shift_mask(event->modifiers()), p.x(), p.y(), kDragOver);
+  emit oleDragOver(event->mimeData(), &effect, button_mask(event->buttons()), shift_mask(event->modifiers()), p.x(),
+                   p.y(), kDragOver);
   answer(event, effect);
 }
 
@@ -60,8 +59,8 @@ void Button::dragLeaveEvent(QDragLeaveEvent* /*event*/) {
 void Button::dropEvent(QDropEvent* event) {
   int effect = static_cast<int>(event->possibleActions()) & kEffectMask;
   const QPoint p = event->position().toPoint();
-  emit oleDragDrop(event->mimeData(), &effect, button_mask(event->buttons()),
-                   shift_mask(event->modifiers()), p.x(), p.y());
+  emit oleDragDrop(event->mimeData(), &effect, button_mask(event->buttons()), shift_mask(event->modifiers()), p.x(),
+                   p.y());
   answer(event, effect);
 }
 

@@ -27,8 +27,7 @@ void paint_bands(QImage& image, int shape, int style, const GradientPair& colors
     fill_gradient(image, axis, round_half_even(side / 2.0), side + 25, first, second);
   } else {
     fill_gradient(image, axis, side, round_half_even(side / 6.0), first, second);
-    fill_gradient(image, axis, round_half_even(side / 2.0), round_half_even(side / 3.0) + side,
-                  first, second);
+    fill_gradient(image, axis, round_half_even(side / 2.0), round_half_even(side / 3.0) + side, first, second);
   }
 }
 
@@ -42,12 +41,8 @@ void fill_face(QImage& image, int mode, const GradientPair& colors) {
   const QRgb a = to_rgb(colors.first);
   const QRgb b = to_rgb(colors.second);
   switch (mode) {
-    case 2:
-      fill_gradient(image, kH, 0, w, a, b);
-      break;
-    case 3:
-      fill_gradient(image, kV, h, 0, a, b);
-      break;
+    case 2: fill_gradient(image, kH, 0, w, a, b); break;
+    case 3: fill_gradient(image, kV, h, 0, a, b); break;
     case 4:
       fill_gradient(image, kV, 0, h2, a, b);
       fill_gradient(image, kV, h, h2, a, b);
@@ -64,8 +59,7 @@ void fill_face(QImage& image, int mode, const GradientPair& colors) {
       fill_gradient(image, kH, w2, 0, a, b);
       fill_gradient(image, kH, w2, w, a, b);
       break;
-    default:
-      break;  // 0 none, 1 solid: the cleared surface is the face
+    default: break;  // 0 none, 1 solid: the cleared surface is the face
   }
 }
 
@@ -102,8 +96,7 @@ void overwrite_style_face(QImage& image, const ButtonProperties& props, const Bu
       paint_bands(image, props.ButtonShape, 8, pair);
       break;
     }
-    default:
-      break;
+    default: break;
   }
 }
 

@@ -42,18 +42,10 @@ void apply_style_borders(ButtonProperties& props, bool enabled) {
   const bool disabled_face = !enabled && props.ButtonStyleColors != 0;
   switch (props.ButtonStyle) {
     case 1:
-    case 2:
-      set(kSys3DDarkShadow, kSys3DDarkShadow, kSys3DHighlight);
-      break;
-    case 3:
-      set(props.BackColor, kSys3DDarkShadow, kSys3DHighlight);
-      break;
-    case 4:
-      set(kSysButtonShadow, kSysButtonShadow, kSysButtonShadow);
-      break;
-    case 5:
-      set(kSysButtonFace, 0, 0);
-      break;
+    case 2: set(kSys3DDarkShadow, kSys3DDarkShadow, kSys3DHighlight); break;
+    case 3: set(props.BackColor, kSys3DDarkShadow, kSys3DHighlight); break;
+    case 4: set(kSysButtonShadow, kSysButtonShadow, kSysButtonShadow); break;
+    case 5: set(kSysButtonFace, 0, 0); break;
     case 6:
       set(0, 0, 0);
       if (disabled_face) props.BorderColor = 0x8DABAB;
@@ -66,8 +58,7 @@ void apply_style_borders(ButtonProperties& props, bool enabled) {
       set(props.BackColor, props.BackColorHover, props.BackColorPressed);
       if (disabled_face) props.BorderColor = 0xA4B6B7;
       break;
-    default:
-      break;
+    default: break;
   }
 }
 

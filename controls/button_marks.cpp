@@ -48,8 +48,7 @@ constexpr std::array<Chevron, 4> kChevrons = {{
 
 }  // namespace
 
-void paint_focus_mark(QImage& image, const ButtonProperties& props, const ButtonLook& look,
-                      const QRect& caption_box) {
+void paint_focus_mark(QImage& image, const ButtonProperties& props, const ButtonLook& look, const QRect& caption_box) {
   if (!focus_shown(props, look)) return;
   const int style = props.ButtonStyle;
   if (style == 4) {

@@ -17,8 +17,7 @@ inline constexpr OleColor kStyle4FocusFrame = 0xCC9999;
 
 // Draws the focus mark when `FocusRect` and the focus are both there. `caption_box` is the box
 // the caption took, empty when there is none.
-void paint_focus_mark(QImage& image, const ButtonProperties& props, const ButtonLook& look,
-                      const QRect& caption_box);
+void paint_focus_mark(QImage& image, const ButtonProperties& props, const ButtonLook& look, const QRect& caption_box);
 
 // Origin of the drop-down mark, or nothing for `DropDown` 0 and unknown values.
 std::optional<QPoint> drop_down_origin(int drop_down, QSize surface);

@@ -38,8 +38,8 @@ const QStringList& button_property_keys() {
   return keys;
 }
 
-void write_button_properties(const ButtonProperties& props, const QString& own_name,
-                             const QFont& host_font, PropertyBag& bag) {
+void write_button_properties(const ButtonProperties& props, const QString& own_name, const QFont& host_font,
+                             PropertyBag& bag) {
   const ButtonProperties d;  // the defaults
   const QStringList& k = button_property_keys();
   auto number = [](auto v) { return PropertyBag::Value(static_cast<qint64>(v)); };
@@ -75,16 +75,11 @@ void write_button_properties(const ButtonProperties& props, const QString& own_n
   bag.write(k[29], number(props.MousePointer), number(d.MousePointer));
 }
 
-ButtonProperties read_button_properties(const PropertyBag& bag, const QString& own_name,
-                                        const QFont& host_font) {
+ButtonProperties read_button_properties(const PropertyBag& bag, const QString& own_name, const QFont& host_font) {
   ButtonProperties p;
   const QStringList& k = button_property_keys();
-  auto i32 = [&](int i, std::int32_t fallback) {
-    return static_cast<std::int32_t>(bag.read_int(k[i], fallback));
-  };
-  auto color = [&](int i, OleColor fallback) {
-    return static_cast<OleColor>(bag.read_int(k[i], fallback));
-  };
+  auto i32 = [&](int i, std::int32_t fallback) { return static_cast<std::int32_t>(bag.read_int(k[i], fallback)); };
+  auto color = [&](int i, OleColor fallback) { return static_cast<OleColor>(bag.read_int(k[i], fallback)); };
   p.ButtonShape = i32(0, p.ButtonShape);
   p.ButtonStyle = i32(1, p.ButtonStyle);
   p.ButtonStyleColors = i32(2, p.ButtonStyleColors);

@@ -16,12 +16,11 @@ const QStringList& button_property_keys();
 
 // Writes every property; values equal to their default are left out (`Caption` defaults to the
 // control's own name, `Font` to the host's font).
-void write_button_properties(const ButtonProperties& props, const QString& own_name,
-                             const QFont& host_font, PropertyBag& bag);
+void write_button_properties(const ButtonProperties& props, const QString& own_name, const QFont& host_font,
+                             PropertyBag& bag);
 
 // Reads every key, falling back to the default of a missing key; `Caption` falls back to the
 // control's own name and `Font` to the host's font.
-ButtonProperties read_button_properties(const PropertyBag& bag, const QString& own_name,
-                                        const QFont& host_font);
+ButtonProperties read_button_properties(const PropertyBag& bag, const QString& own_name, const QFont& host_font);
 
 }  // namespace velmora::controls

@@ -20,8 +20,8 @@ void ButtonStateMachine::push_redraw(ButtonProperties& props, ButtonActions& out
   out.push_back({ButtonActionKind::Redraw, {}});
 }
 
-ButtonActions ButtonStateMachine::mouse_move(ButtonProperties& props, int button, int shift, int x,
-                                             int y, int width, int height) {
+ButtonActions ButtonStateMachine::mouse_move(ButtonProperties& props, int button, int shift, int x, int y, int width,
+                                             int height) {
   ButtonActions out;
   if (design_mode_) return out;
   const bool inside = x >= 0 && y >= 0 && x <= width && y <= height;
@@ -42,22 +42,20 @@ ButtonActions ButtonStateMachine::mouse_move(ButtonProperties& props, int button
   return out;
 }
 
-void ButtonStateMachine::mouse_down_steps(ButtonProperties& props, int button, int shift, int x,
-                                          int y, ButtonActions& out) {
+void ButtonStateMachine::mouse_down_steps(ButtonProperties& props, int button, int shift, int x, int y,
+                                          ButtonActions& out) {
   state_.Pressed = true;
   push_redraw(props, out);
   out.push_back(raise(ButtonEventKind::MouseDown, button, shift, x, y));
 }
 
-ButtonActions ButtonStateMachine::mouse_down(ButtonProperties& props, int button, int shift, int x,
-                                             int y) {
+ButtonActions ButtonStateMachine::mouse_down(ButtonProperties& props, int button, int shift, int x, int y) {
   ButtonActions out;
   mouse_down_steps(props, button, shift, x, y, out);
   return out;
 }
 
-ButtonActions ButtonStateMachine::mouse_up(ButtonProperties& props, int button, int shift, int x,
-                                           int y) {
+ButtonActions ButtonStateMachine::mouse_up(ButtonProperties& props, int button, int shift, int x, int y) {
   ButtonActions out;
   if (!captured_) {
     captured_ = true;

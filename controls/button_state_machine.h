@@ -8,16 +8,7 @@
 
 namespace velmora::controls {
 
-enum class ButtonEventKind {
-  Click,
-  DblClick,
-  KeyDown,
-  KeyPress,
-  KeyUp,
-  MouseDown,
-  MouseMove,
-  MouseUp
-};
+enum class ButtonEventKind { Click, DblClick, KeyDown, KeyPress, KeyUp, MouseDown, MouseMove, MouseUp };
 
 // An event raised to the form. Arguments by kind: KeyDown and KeyUp (KeyCode, Shift);
 // KeyPress (KeyAscii); the mouse events (Button, Shift, X, Y); Click and DblClick none.
@@ -54,8 +45,7 @@ class ButtonStateMachine {
   bool design_mode() const { return design_mode_; }
 
   // Pointer at (x, y) in pixels of a control of the given size.
-  ButtonActions mouse_move(ButtonProperties& props, int button, int shift, int x, int y, int width,
-                           int height);
+  ButtonActions mouse_move(ButtonProperties& props, int button, int shift, int x, int y, int width, int height);
   ButtonActions mouse_down(ButtonProperties& props, int button, int shift, int x, int y);
   ButtonActions mouse_up(ButtonProperties& props, int button, int shift, int x, int y);
   ButtonActions click(ButtonProperties& props);
@@ -69,8 +59,7 @@ class ButtonStateMachine {
 
  private:
   void push_redraw(ButtonProperties& props, ButtonActions& out);
-  void mouse_down_steps(ButtonProperties& props, int button, int shift, int x, int y,
-                        ButtonActions& out);
+  void mouse_down_steps(ButtonProperties& props, int button, int shift, int x, int y, ButtonActions& out);
 
   ButtonState state_;
   bool captured_ = false;

@@ -9,8 +9,7 @@ namespace velmora::controls {
 
 QRgb mix_rgb(QRgb a, QRgb b, double t) {
   auto channel = [t](int x, int y) { return round_half_even(x + (y - x) * t); };
-  return qRgb(channel(qRed(a), qRed(b)), channel(qGreen(a), qGreen(b)),
-              channel(qBlue(a), qBlue(b)));
+  return qRgb(channel(qRed(a), qRed(b)), channel(qGreen(a), qGreen(b)), channel(qBlue(a), qBlue(b)));
 }
 
 void fill_gradient(QImage& image, GradientAxis axis, int from, int to, QRgb first, QRgb second) {

@@ -14,8 +14,8 @@ const QStringList& label_property_keys() {
   return keys;
 }
 
-void write_label_properties(const LabelProperties& props, const QString& own_name,
-                            const QFont& host_font, PropertyBag& bag) {
+void write_label_properties(const LabelProperties& props, const QString& own_name, const QFont& host_font,
+                            PropertyBag& bag) {
   const LabelProperties d;
   const QStringList& k = label_property_keys();
   auto number = [](auto v) { return PropertyBag::Value(static_cast<qint64>(v)); };
@@ -39,13 +39,10 @@ void write_label_properties(const LabelProperties& props, const QString& own_nam
   bag.write(k[17], props.UseMnemonic, d.UseMnemonic);
 }
 
-LabelProperties read_label_properties(const PropertyBag& bag, const QString& own_name,
-                                      const QFont& host_font) {
+LabelProperties read_label_properties(const PropertyBag& bag, const QString& own_name, const QFont& host_font) {
   LabelProperties p;
   const QStringList& k = label_property_keys();
-  auto i32 = [&](int i, std::int32_t fallback) {
-    return static_cast<std::int32_t>(bag.read_int(k[i], fallback));
-  };
+  auto i32 = [&](int i, std::int32_t fallback) { return static_cast<std::int32_t>(bag.read_int(k[i], fallback)); };
   p.Caption = bag.read_string(k[0], own_name);
   p.Alignment = i32(1, p.Alignment);
   p.RightToLeft = bag.read_bool(k[2], p.RightToLeft);

@@ -16,13 +16,12 @@ const QStringList& label_property_keys();
 
 // Writes every key in order; values equal to the stored-form default are left out. A doubled key
 // is one entry of the bag.
-void write_label_properties(const LabelProperties& props, const QString& own_name,
-                            const QFont& host_font, PropertyBag& bag);
+void write_label_properties(const LabelProperties& props, const QString& own_name, const QFont& host_font,
+                            PropertyBag& bag);
 
 // Reads every key in order, falling back to the stored-form defaults (opaque, 0x8000000F back,
 // 0x80000012 text), the control's own name and the host's font. The fore colour read is also
 // the one kept for re-enabling.
-LabelProperties read_label_properties(const PropertyBag& bag, const QString& own_name,
-                                      const QFont& host_font);
+LabelProperties read_label_properties(const PropertyBag& bag, const QString& own_name, const QFont& host_font);
 
 }  // namespace velmora::controls

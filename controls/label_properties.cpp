@@ -2,8 +2,8 @@
 
 namespace velmora::controls {
 
-LabelProperties new_label_properties(const QString& own_name, OleColor host_back,
-                                     OleColor host_fore, const QFont& host_font) {
+LabelProperties new_label_properties(const QString& own_name, OleColor host_back, OleColor host_fore,
+                                     const QFont& host_font) {
   LabelProperties props;
   props.BackColor = host_back;
   props.BackStyle = kBackTransparent;

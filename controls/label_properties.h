@@ -49,8 +49,8 @@ struct LabelProperties {
 };
 
 // A new control: transparent, with the host's colours and font and its own name as caption.
-LabelProperties new_label_properties(const QString& own_name, OleColor host_back,
-                                     OleColor host_fore, const QFont& host_font);
+LabelProperties new_label_properties(const QString& own_name, OleColor host_back, OleColor host_fore,
+                                     const QFont& host_font);
 
 // Sets the fore colour and keeps it for re-enabling.
 void set_label_fore_color(LabelProperties& props, OleColor color);

@@ -48,8 +48,7 @@ std::optional<QSize> label_auto_size(int border_style, QSize text) {
   return std::nullopt;
 }
 
-QString elide_path(const QString& text, int width,
-                   const std::function<int(const QString&)>& measure) {
+QString elide_path(const QString& text, int width, const std::function<int(const QString&)>& measure) {
   const QString dots = QStringLiteral("...");
   if (measure(text) <= width) return text;
   const qsizetype last = text.lastIndexOf(QLatin1Char('\\'));

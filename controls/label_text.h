@@ -44,7 +44,6 @@ std::optional<QSize> label_auto_size(int border_style, QSize text);
 // Shortens a text that is wider than `width` by putting "..." in place of characters before its
 // last backslash, keeping all of the name after it; a text without a backslash loses characters
 // from its middle. `measure` gives a text's width.
-QString elide_path(const QString& text, int width,
-                   const std::function<int(const QString&)>& measure);
+QString elide_path(const QString& text, int width, const std::function<int(const QString&)>& measure);
 
 }  // namespace velmora::controls

@@ -55,7 +55,9 @@ QRgb to_rgb(OleColor value) {
   return qRgb(bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF);
 }
 
-QColor to_qcolor(OleColor value) { return QColor::fromRgb(to_rgb(value)); }
+QColor to_qcolor(OleColor value) {
+  return QColor::fromRgb(to_rgb(value));
+}
 
 OleColor ole_from_qcolor(const QColor& color) {
   return ole_rgb(color.red(), color.green(), color.blue());

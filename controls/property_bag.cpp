@@ -10,23 +10,12 @@ QString quote(const QString& text) {
   QString out = QStringLiteral("\"");
   for (const QChar c : text) {
     switch (c.unicode()) {
-      case '\\':
-        out += QStringLiteral("\\\\");
-        break;
-      case '"':
-        out += QStringLiteral("\\\"");
-        break;
-      case '\n':
-        out += QStringLiteral("\\n");
-        break;
-      case '\r':
-        out += QStringLiteral("\\r");
-        break;
-      case '\t':
-        out += QStringLiteral("\\t");
-        break;
-      default:
-        out += c;
+      case '\\': out += QStringLiteral("\\\\"); break;
+      case '"': out += QStringLiteral("\\\""); break;
+      case '\n': out += QStringLiteral("\\n"); break;
+      case '\r': out += QStringLiteral("\\r"); break;
+      case '\t': out += QStringLiteral("\\t"); break;
+      default: out += c;
     }
   }
   out += QLatin1Char('"');
@@ -48,23 +37,12 @@ bool unquote(const QString& text, QString& out) {
     }
     if (++i >= text.size() - 1) return false;  // a backslash may not escape the closing quote
     switch (text[i].unicode()) {
-      case '\\':
-        out += QLatin1Char('\\');
-        break;
-      case '"':
-        out += QLatin1Char('"');
-        break;
-      case 'n':
-        out += QLatin1Char('\n');
-        break;
-      case 'r':
-        out += QLatin1Char('\r');
-        break;
-      case 't':
-        out += QLatin1Char('\t');
-        break;
-      default:
-        return false;
+      case '\\': out += QLatin1Char('\\'); break;
+      case '"': out += QLatin1Char('"'); break;
+      case 'n': out += QLatin1Char('\n'); break;
+      case 'r': out += QLatin1Char('\r'); break;
+      case 't': out += QLatin1Char('\t'); break;
+      default: return false;
     }
   }
   return true;

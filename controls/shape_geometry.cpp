@@ -19,7 +19,9 @@ void add_span(QRegion& region, int y, double left, double right) {
 
 }  // namespace
 
-int round_half_even(double value) { return static_cast<int>(std::nearbyint(value)); }
+int round_half_even(double value) {
+  return static_cast<int>(std::nearbyint(value));
+}
 
 QSize button_surface_size(int shape, QSize requested) {
   const int width = std::max(requested.width(), kMinButtonSide);
@@ -28,7 +30,9 @@ QSize button_surface_size(int shape, QSize requested) {
   return {width, height};
 }
 
-bool shape_has_region(int shape) { return shape >= 1 && shape < shape::kCount; }
+bool shape_has_region(int shape) {
+  return shape >= 1 && shape < shape::kCount;
+}
 
 QPolygon shape_polygon(int shape, int width, int height) {
   const int w = width;
@@ -40,26 +44,16 @@ QPolygon shape_polygon(int shape, int width, int height) {
   const int w15 = round_half_even(w / 1.5);
   const int h15 = round_half_even(h / 1.5);
   switch (shape) {
-    case shape::kDiamond:
-      return QPolygon({{w, h2}, {w2, 0}, {0, h2}, {w2, h}});
-    case shape::kTriangleUp:
-      return QPolygon({{0, h}, {w2, 0}, {w, h}});
-    case shape::kTriangleLeft:
-      return QPolygon({{0, h2}, {w, 0}, {w, h}});
-    case shape::kTriangleRight:
-      return QPolygon({{w, h2}, {0, 0}, {0, h}});
-    case shape::kTriangleDown:
-      return QPolygon({{0, 1}, {w2, h}, {w, 1}});
-    case shape::kArrowUp:
-      return QPolygon({{w2, 0}, {0, h15}, {w3, h15}, {w3, h}, {w15, h}, {w15, h15}, {w, h15}});
-    case shape::kArrowLeft:
-      return QPolygon({{0, h2}, {w15, 0}, {w15, h3}, {w, h3}, {w, h15}, {w15, h15}, {w15, h}});
-    case shape::kArrowRight:
-      return QPolygon({{w, h2}, {w3, 0}, {w3, h3}, {0, h3}, {0, h15}, {w3, h15}, {w3, h}});
-    case shape::kArrowDown:
-      return QPolygon({{w2, h}, {0, h3}, {w3, h3}, {w3, 0}, {w15, 0}, {w15, h3}, {w, h3}});
-    default:
-      return {};
+    case shape::kDiamond: return QPolygon({{w, h2}, {w2, 0}, {0, h2}, {w2, h}});
+    case shape::kTriangleUp: return QPolygon({{0, h}, {w2, 0}, {w, h}});
+    case shape::kTriangleLeft: return QPolygon({{0, h2}, {w, 0}, {w, h}});
+    case shape::kTriangleRight: return QPolygon({{w, h2}, {0, 0}, {0, h}});
+    case shape::kTriangleDown: return QPolygon({{0, 1}, {w2, h}, {w, 1}});
+    case shape::kArrowUp: return QPolygon({{w2, 0}, {0, h15}, {w3, h15}, {w3, h}, {w15, h}, {w15, h15}, {w, h15}});
+    case shape::kArrowLeft: return QPolygon({{0, h2}, {w15, 0}, {w15, h3}, {w, h3}, {w, h15}, {w15, h15}, {w15, h}});
+    case shape::kArrowRight: return QPolygon({{w, h2}, {w3, 0}, {w3, h3}, {0, h3}, {0, h15}, {w3, h15}, {w3, h}});
+    case shape::kArrowDown: return QPolygon({{w2, h}, {0, h3}, {w3, h3}, {w3, 0}, {w15, 0}, {w15, h3}, {w, h3}});
+    default: return {};
   }
 }
 
@@ -125,12 +119,9 @@ QRegion round_rect_region(int width, int height, int corner_width, int corner_he
 
 QRegion shape_area(int shape, int width, int height) {
   switch (shape) {
-    case shape::kRoundedRectangle:
-      return round_rect_region(width, height, kRoundCorner, kRoundCorner);
-    case shape::kEllipse:
-      return ellipse_region(width, height);
-    default:
-      break;
+    case shape::kRoundedRectangle: return round_rect_region(width, height, kRoundCorner, kRoundCorner);
+    case shape::kEllipse: return ellipse_region(width, height);
+    default: break;
   }
   if (shape_has_region(shape)) return polygon_region(shape_polygon(shape, width, height), height);
   return QRegion(0, 0, width, height);

@@ -70,22 +70,19 @@ QRegion erode(const QRegion& region) {
 
 QPointF outward_normal(int shape, int width, int height, QPointF p) {
   switch (shape) {
-    case shape::kRoundedRectangle:
-      return round_rect_normal(width, height, p);
+    case shape::kRoundedRectangle: return round_rect_normal(width, height, p);
     case shape::kEllipse: {
       const double a = width / 2.0;
       const double b = height / 2.0;
       return {(p.x() - a) / (a * a), (p.y() - b) / (b * b)};
     }
-    default:
-      break;
+    default: break;
   }
   if (shape_has_region(shape)) return polygon_normal(shape_polygon(shape, width, height), p);
   return rectangle_normal(width, height, p);
 }
 
-ShapeRings::ShapeRings(int shape, int width, int height)
-    : shape_(shape), width_(width), height_(height) {
+ShapeRings::ShapeRings(int shape, int width, int height) : shape_(shape), width_(width), height_(height) {
   eroded_.push_back(shape_area(shape, width, height));
 }
 

@@ -34,12 +34,18 @@ void TindraLabel::changed_property(const char* name) {
   Refresh();
 }
 
-void TindraLabel::setAlignment(int v) { set_field(&LabelProperties::Alignment, v, "Alignment"); }
-void TindraLabel::setAutoSize(bool v) { set_field(&LabelProperties::AutoSize, v, "AutoSize"); }
+void TindraLabel::setAlignment(int v) {
+  set_field(&LabelProperties::Alignment, v, "Alignment");
+}
+void TindraLabel::setAutoSize(bool v) {
+  set_field(&LabelProperties::AutoSize, v, "AutoSize");
+}
 void TindraLabel::setBackColor(quint32 v) {
   set_field(&LabelProperties::BackColor, v, "BackColor");
 }
-void TindraLabel::setBackStyle(int v) { set_field(&LabelProperties::BackStyle, v, "BackStyle"); }
+void TindraLabel::setBackStyle(int v) {
+  set_field(&LabelProperties::BackStyle, v, "BackStyle");
+}
 void TindraLabel::setBorderStyle(int v) {
   set_field(&LabelProperties::BorderStyle, v, "BorderStyle");
 }
@@ -49,7 +55,9 @@ void TindraLabel::setPathEllipsis(bool v) {
 void TindraLabel::setRightToLeft(bool v) {
   set_field(&LabelProperties::RightToLeft, v, "RightToLeft");
 }
-void TindraLabel::setWordWrap(bool v) { set_field(&LabelProperties::WordWrap, v, "WordWrap"); }
+void TindraLabel::setWordWrap(bool v) {
+  set_field(&LabelProperties::WordWrap, v, "WordWrap");
+}
 
 void TindraLabel::setMousePointer(int v) {
   props_.MousePointer = v;
@@ -81,9 +89,13 @@ void TindraLabel::setForeColor(quint32 v) {
   changed_property("ForeColor");
 }
 
-void TindraLabel::setBuddy(QWidget* buddy) { buddy_ = buddy; }
+void TindraLabel::setBuddy(QWidget* buddy) {
+  buddy_ = buddy;
+}
 
-quintptr TindraLabel::hWnd() const { return static_cast<quintptr>(effectiveWinId()); }
+quintptr TindraLabel::hWnd() const {
+  return static_cast<quintptr>(effectiveWinId());
+}
 
 QFont TindraLabel::host_font() const {
   return parentWidget() != nullptr ? parentWidget()->font() : QApplication::font();
@@ -136,8 +148,7 @@ void TindraLabel::Refresh() {
 }
 
 bool TindraLabel::event(QEvent* event) {
-  if (event->type() == QEvent::Shortcut &&
-      static_cast<QShortcutEvent*>(event)->shortcutId() == shortcut_id_) {
+  if (event->type() == QEvent::Shortcut && static_cast<QShortcutEvent*>(event)->shortcutId() == shortcut_id_) {
     if (buddy_) buddy_->setFocus(Qt::ShortcutFocusReason);
     return true;
   }
@@ -149,7 +160,9 @@ void TindraLabel::paintEvent(QPaintEvent* /*event*/) {
   paint_label(painter, props_, size());
 }
 
-void TindraLabel::resizeEvent(QResizeEvent* /*event*/) { Refresh(); }
+void TindraLabel::resizeEvent(QResizeEvent* /*event*/) {
+  Refresh();
+}
 
 void TindraLabel::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);

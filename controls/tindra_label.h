@@ -34,8 +34,7 @@ class TindraLabel : public QWidget {
  public:
   // `name` is the control's own name: its object name and the caption of a new control. A new
   // control takes its colours and font from its parent.
-  explicit TindraLabel(QWidget* parent = nullptr,
-                       const QString& name = QStringLiteral("TindraLabel1"));
+  explicit TindraLabel(QWidget* parent = nullptr, const QString& name = QStringLiteral("TindraLabel1"));
 
   int Alignment() const { return props_.Alignment; }
   bool AutoSize() const { return props_.AutoSize; }

@@ -37,16 +37,16 @@ struct Settings {
 // Output choices of a profile ([Profile] keys 1 to 10). Until a profile is loaded they hold
 // the values a new profile gets.
 struct OutputChoices {
-  std::int16_t ColorDepth = 0;          // 1
-  std::int16_t ColorsCount = 0;         // 2
-  std::int16_t CompressionIndex = 0;    // 3
-  std::int16_t Compression2Index = 0;   // 4
-  std::int16_t OutputFormat = 1;        // 5: 0 BMP, 1 JPEG, 2 GIF, 3 PNG, 4 TGA, 5 TIFF, 6 EXR
-  std::int16_t MultipageMode = 0;       // 6: 0 separate pages, 1 multipage file
-  std::int16_t Quality = 90;            // 7
+  std::int16_t ColorDepth = 0;                                  // 1
+  std::int16_t ColorsCount = 0;                                 // 2
+  std::int16_t CompressionIndex = 0;                            // 3
+  std::int16_t Compression2Index = 0;                           // 4
+  std::int16_t OutputFormat = 1;                                // 5: 0 BMP, 1 JPEG, 2 GIF, 3 PNG, 4 TGA, 5 TIFF, 6 EXR
+  std::int16_t MultipageMode = 0;                               // 6: 0 separate pages, 1 multipage file
+  std::int16_t Quality = 90;                                    // 7
   std::string NameTemplate = "{Title}_{Counter}.{OutputType}";  // 8
-  VBool OpenTargetFolder = kTrue;       // 9
-  std::string OutputFolder;             // 10
+  VBool OpenTargetFolder = kTrue;                               // 9
+  std::string OutputFolder;                                     // 10
 
   bool operator==(const OutputChoices&) const = default;
 };

@@ -18,19 +18,16 @@ Block NewBlock(std::int16_t kind, std::int16_t watermark_kind) {
       block.Angle = 90;
       block.Direction = 0;
       break;
-    case kWatermark:
-      block.WatermarkKind = watermark_kind;
-      break;
-    case kGamma:
-      block.GammaValue = 100;
-      break;
-    default:
-      break;
+    case kWatermark: block.WatermarkKind = watermark_kind; break;
+    case kGamma: block.GammaValue = 100; break;
+    default: break;
   }
   return block;
 }
 
-Blocks::Blocks(std::vector<Block> operations) : items_(std::move(operations)) { items_.emplace_back(); }
+Blocks::Blocks(std::vector<Block> operations) : items_(std::move(operations)) {
+  items_.emplace_back();
+}
 
 void Blocks::Append(const Block& block) {
   items_.back() = block;

@@ -15,12 +15,12 @@ enum Format : std::int16_t { kBmp = 0, kJpeg = 1, kGif = 2, kPng = 3, kTga = 4, 
 // One entry of a format's depth list.
 enum class Depth { k32, k24, k16_555, k16_565, kIndexed8, kIndexed4, kMono, kCmyk };
 
-const std::array<Depth, 7> kBmpDepths{Depth::k32, Depth::k24, Depth::k16_555, Depth::k16_565,
+const std::array<Depth, 7> kBmpDepths{Depth::k32,       Depth::k24,       Depth::k16_555, Depth::k16_565,
                                       Depth::kIndexed8, Depth::kIndexed4, Depth::kMono};
 const std::array<Depth, 3> kJpegDepths{Depth::k32, Depth::k24, Depth::kIndexed8};
 const std::array<Depth, 5> kPngDepths{Depth::k32, Depth::k24, Depth::kIndexed8, Depth::kIndexed4, Depth::kMono};
 const std::array<Depth, 5> kTgaDepths{Depth::k32, Depth::k24, Depth::k16_555, Depth::k16_565, Depth::kIndexed8};
-const std::array<Depth, 6> kTiffDepths{Depth::k32, Depth::k24, Depth::kIndexed8,
+const std::array<Depth, 6> kTiffDepths{Depth::k32,       Depth::k24,   Depth::kIndexed8,
                                        Depth::kIndexed4, Depth::kMono, Depth::kCmyk};
 
 template <std::size_t N>
@@ -42,8 +42,7 @@ bool DepthFor(const OutputChoices& output, Depth& depth) {
 }
 
 // TIFF compression list: the back end's TIFF save flags; the eighth row ("JPEG") adds nothing.
-constexpr std::array<std::int32_t, 8> kTiffCompressionFlags{0x0800, 0x0100, 0x0200, 0x0400,
-                                                            0x1000, 0x2000, 0x4000, 0};
+constexpr std::array<std::int32_t, 8> kTiffCompressionFlags{0x0800, 0x0100, 0x0200, 0x0400, 0x1000, 0x2000, 0x4000, 0};
 
 }  // namespace
 

@@ -11,8 +11,8 @@
 namespace velmora::engine {
 
 struct OutputTarget {
-  std::string OutputExtension;    // "jpg", ...; empty for an unknown format
-  int OutputFormatNumber = 0;     // the back end's format number; 0 for an unknown format
+  std::string OutputExtension;  // "jpg", ...; empty for an unknown format
+  int OutputFormatNumber = 0;   // the back end's format number; 0 for an unknown format
 };
 
 // The extension and format number of `OutputFormat` (0 BMP ... 6 EXR); above 6 gives "" and 0.

@@ -48,9 +48,9 @@ void ParseWatermarkFont(FontState& font, const std::string& spec, bool empty_giv
 }
 
 std::string FormatWatermarkFont(const FontState& font) {
-  return std::to_string(font.FontColor) + "|" + BooleanWord(font.FontItalic) + "|" +
-         BooleanWord(font.FontUnderline) + "|" + BooleanWord(font.FontStrikeOut) + "|" + font.FontFace +
-         "|" + std::to_string(font.FontSize) + "|" + BooleanWord(font.FontBold);
+  return std::to_string(font.FontColor) + "|" + BooleanWord(font.FontItalic) + "|" + BooleanWord(font.FontUnderline) +
+         "|" + BooleanWord(font.FontStrikeOut) + "|" + font.FontFace + "|" + std::to_string(font.FontSize) + "|" +
+         BooleanWord(font.FontBold);
 }
 
 }  // namespace velmora::engine

@@ -40,8 +40,7 @@ std::string ExpandTemplate(const std::string& output_folder, const std::string& 
   return path;
 }
 
-std::string AutoChangedName(const std::string& target_path,
-                            const std::function<bool(const std::string&)>& exists) {
+std::string AutoChangedName(const std::string& target_path, const std::function<bool(const std::string&)>& exists) {
   const std::string base = FolderOfPath(target_path, true);
   const std::string title = TitleOfName(FileNameOfPath(target_path));
   const std::string extension = ExtensionOfPath(FileNameOfPath(target_path));
@@ -58,18 +57,13 @@ Collision ApplyOutputPolicy(std::int16_t policy, std::string& target_path,
                             const std::function<void()>& after_delete) {
   if (!exists(target_path)) return Collision::kWrite;
   switch (policy) {
-    case 0:
-      target_path.clear();
-      return Collision::kSkip;
+    case 0: target_path.clear(); return Collision::kSkip;
     case 1:
       remove(target_path);
       after_delete();
       return Collision::kWrite;
-    case 2:
-      target_path = AutoChangedName(target_path, exists);
-      return Collision::kWrite;
-    default:
-      return Collision::kWrite;  // the name stands and the save writes over the file
+    case 2: target_path = AutoChangedName(target_path, exists); return Collision::kWrite;
+    default: return Collision::kWrite;  // the name stands and the save writes over the file
   }
 }
 

@@ -24,8 +24,7 @@ Collision ApplyOutputPolicy(std::int16_t policy, std::string& target_path,
                             const std::function<void()>& after_delete);
 
 // The first free "name-NNN.ext" candidate of `target_path`, or the "-1000" one if all are taken.
-std::string AutoChangedName(const std::string& target_path,
-                            const std::function<bool(const std::string&)>& exists);
+std::string AutoChangedName(const std::string& target_path, const std::function<bool(const std::string&)>& exists);
 
 // "title (page N).ext" from a freshly expanded name.
 std::string PageName(const std::string& expanded, int page);

@@ -9,7 +9,9 @@
 namespace velmora::engine {
 namespace {
 
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+bool IsBlank(char c) {
+  return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
 
 template <typename T>
 std::optional<T> ReadInteger(std::string_view text) {
@@ -72,8 +74,12 @@ std::int64_t RoundHalfEven(double value) {
   return static_cast<std::int64_t>(std::nearbyint(value));  // default rounding mode: to nearest, ties even
 }
 
-std::optional<std::int16_t> ReadInt16(std::string_view text) { return ReadInteger<std::int16_t>(text); }
-std::optional<std::int32_t> ReadInt32(std::string_view text) { return ReadInteger<std::int32_t>(text); }
+std::optional<std::int16_t> ReadInt16(std::string_view text) {
+  return ReadInteger<std::int16_t>(text);
+}
+std::optional<std::int32_t> ReadInt32(std::string_view text) {
+  return ReadInteger<std::int32_t>(text);
+}
 
 std::optional<bool> ReadBoolean(std::string_view text) {
   std::string_view trimmed = text;
@@ -94,8 +100,7 @@ std::string ThreeDigits(std::int64_t value) {
 bool EqualsIgnoreCase(std::string_view a, std::string_view b) {
   if (a.size() != b.size()) return false;
   for (std::size_t i = 0; i < a.size(); ++i)
-    if (std::tolower(static_cast<unsigned char>(a[i])) != std::tolower(static_cast<unsigned char>(b[i])))
-      return false;
+    if (std::tolower(static_cast<unsigned char>(a[i])) != std::tolower(static_cast<unsigned char>(b[i]))) return false;
   return true;
 }
 

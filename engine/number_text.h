@@ -24,7 +24,9 @@ std::optional<std::int32_t> ReadInt32(std::string_view text);
 std::optional<bool> ReadBoolean(std::string_view text);
 
 // The word form booleans take in files.
-inline const char* BooleanWord(bool value) { return value ? "True" : "False"; }
+inline const char* BooleanWord(bool value) {
+  return value ? "True" : "False";
+}
 
 // At least three digits, zero-padded: 7 -> "007", 1000 -> "1000".
 std::string ThreeDigits(std::int64_t value);

@@ -31,9 +31,9 @@ void WritePage(RunContext& run, const SourcePlan& plan, const FinishedPage& page
   } else {
     // Separate files: the page name comes from a fresh expansion; no collision policy applies.
     const OutputChoices& output = run.job.output;
-    TargetPath = PageName(ExpandTemplate(output.OutputFolder, output.NameTemplate, plan.path,
-                                         run.job.target.OutputExtension, plan.row),
-                          page_index);
+    TargetPath = PageName(
+        ExpandTemplate(output.OutputFolder, output.NameTemplate, plan.path, run.job.target.OutputExtension, plan.row),
+        page_index);
     if (page.encoded_ok) run.lib.WriteEncodedImage(page.encoded, TargetPath, result);
   }
   if (result == 0 && page.readable) run.view.LogFailure("cannot write " + TargetPath);
@@ -43,11 +43,10 @@ void WritePage(RunContext& run, const SourcePlan& plan, const FinishedPage& page
 
 SourcePlan PlanSource(RunContext& run, const std::string& path, std::int64_t row) {
   const OutputChoices& output = run.job.output;
-  SourcePlan plan{path, row, ExpandTemplate(output.OutputFolder, output.NameTemplate, path,
-                                            run.job.target.OutputExtension, row)};
-  const Collision collision = ApplyOutputPolicy(
-      run.state.settings.IfOutputFileExists, plan.TargetPath, OutputFileExists, DeleteOutputFile,
-      [&run] { run.view.Yield(); });
+  SourcePlan plan{path, row,
+                  ExpandTemplate(output.OutputFolder, output.NameTemplate, path, run.job.target.OutputExtension, row)};
+  const Collision collision = ApplyOutputPolicy(run.state.settings.IfOutputFileExists, plan.TargetPath,
+                                                OutputFileExists, DeleteOutputFile, [&run] { run.view.Yield(); });
   if (collision == Collision::kSkip) ++run.state.SkipCounter;
   return plan;
 }

@@ -5,16 +5,21 @@
 namespace velmora::engine {
 namespace {
 
-bool IsTextWatermark(const Block& block) { return block.Kind == kWatermark && block.WatermarkKind == 0; }
-bool IsImageWatermark(const Block& block) { return block.Kind == kWatermark && block.WatermarkKind != 0; }
-bool IsKnownAlignment(std::int16_t align) { return align >= 0 && align <= 2; }
+bool IsTextWatermark(const Block& block) {
+  return block.Kind == kWatermark && block.WatermarkKind == 0;
+}
+bool IsImageWatermark(const Block& block) {
+  return block.Kind == kWatermark && block.WatermarkKind != 0;
+}
+bool IsKnownAlignment(std::int16_t align) {
+  return align >= 0 && align <= 2;
+}
 
 bool CarriesPageState(const Blocks& blocks) {
   for (std::int32_t b = 0; b < blocks.UpperBound(); ++b) {
     const Block& block = blocks[b];
     if (block.Kind == kResize && block.Units != 0 && block.Units != 1) return true;
-    if (block.Kind == kWatermark && (!IsKnownAlignment(block.HAlign) || !IsKnownAlignment(block.VAlign)))
-      return true;
+    if (block.Kind == kWatermark && (!IsKnownAlignment(block.HAlign) || !IsKnownAlignment(block.VAlign))) return true;
   }
   return false;
 }

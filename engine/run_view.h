@@ -20,12 +20,12 @@ class RunView {
  public:
   virtual ~RunView() = default;
 
-  virtual void SetStatus(const std::string& text) = 0;  // lblStatus
-  virtual void SetFile(const std::string& text) = 0;    // lblFile
+  virtual void SetStatus(const std::string& text) = 0;          // lblStatus
+  virtual void SetFile(const std::string& text) = 0;            // lblFile
   virtual void SetProgressRange(int minimum, int maximum) = 0;  // pb1
   virtual void SetProgressValue(int value) = 0;
-  virtual void ShowWait(bool shown) = 0;                         // prwFonWait
-  virtual void SetWaitLabel(const std::string& text) = 0;       // PrwFonWaitLabel
+  virtual void ShowWait(bool shown) = 0;                   // prwFonWait
+  virtual void SetWaitLabel(const std::string& text) = 0;  // PrwFonWaitLabel
   // Inner size of the preview frame (prwFon) in pixels.
   virtual void PreviewFrameSize(int& width, int& height) = 0;
   // Shows the preview picture (prw) at the given place in the frame and hides "No Image" (nim).

@@ -6,10 +6,12 @@
 
 namespace velmora::engine {
 
-int DefaultJobs() { return std::max(1, static_cast<int>(std::thread::hardware_concurrency())); }
+int DefaultJobs() {
+  return std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
+}
 
-SourceExecutor::SourceExecutor(const RunJob& job, imaging::ImagingLibrary& lib,
-                               const std::vector<std::string>& rows, int jobs)
+SourceExecutor::SourceExecutor(const RunJob& job, imaging::ImagingLibrary& lib, const std::vector<std::string>& rows,
+                               int jobs)
     : job_(job), lib_(lib), rows_(rows) {
   std::size_t threads = job.carries_page_state ? 1 : static_cast<std::size_t>(std::max(1, jobs));
   threads = std::min(threads, std::max<std::size_t>(1, rows.size()));

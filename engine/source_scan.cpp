@@ -12,7 +12,9 @@
 namespace velmora::engine {
 namespace {
 
-char Fold(char c) { return static_cast<char>(std::tolower(static_cast<unsigned char>(c))); }
+char Fold(char c) {
+  return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+}
 
 struct FolderEntries {
   std::vector<std::string> subfolders;

@@ -11,8 +11,8 @@ using imaging::CallResult;
 using imaging::Handle;
 
 const char* KindName(std::int16_t kind) {
-  static const char* const kNames[] = {"Resize", "Rotate", "Mirror", "Watermark", "Effect",
-                                       "Brightness/Contrast", "Gamma correction"};
+  static const char* const kNames[] = {
+      "Resize", "Rotate", "Mirror", "Watermark", "Effect", "Brightness/Contrast", "Gamma correction"};
   return kind >= 0 && kind <= 6 ? kNames[kind] : "Unknown";
 }
 
@@ -46,8 +46,8 @@ Handle KeepMetadataAside(imaging::ImagingLibrary& lib, Handle page) {
   return holder;
 }
 
-void RunChain(const RunJob& job, imaging::ImagingLibrary& lib, Handle& page, ChainState& chain,
-              const std::string& path, int page_index, std::vector<std::string>& failures) {
+void RunChain(const RunJob& job, imaging::ImagingLibrary& lib, Handle& page, ChainState& chain, const std::string& path,
+              int page_index, std::vector<std::string>& failures) {
   for (std::int32_t b = 0; b < job.blocks.UpperBound(); ++b) {
     const bool worked = ApplyBlock(lib, page, job.blocks[b], chain);
     if (!worked && page != 0)

@@ -48,10 +48,8 @@ Bitmap QuantizeTo8(FIBITMAP* dib) {
 
 Bitmap ConvertBitmapTo(FIBITMAP* dib, unsigned bpp) {
   switch (bpp) {
-    case 1:
-      return Bitmap(FreeImage_Threshold(dib, 128));
-    case 4:
-      return Bitmap(FreeImage_ConvertTo4Bits(dib));
+    case 1: return Bitmap(FreeImage_Threshold(dib, 128));
+    case 4: return Bitmap(FreeImage_ConvertTo4Bits(dib));
     case 8:
       // Grey pages become plain 8-bit grey; colour pages get a palette of their own colours.
       if (HasGreyPalette(dib)) return Bitmap(FreeImage_ConvertToGreyscale(dib));
@@ -59,12 +57,9 @@ Bitmap ConvertBitmapTo(FIBITMAP* dib, unsigned bpp) {
     case 16:
       // 5:5:5, the layout every 16-bit writer takes.
       return Bitmap(FreeImage_ConvertTo16Bits555(dib));
-    case 24:
-      return Bitmap(FreeImage_ConvertTo24Bits(dib));
-    case 32:
-      return Bitmap(FreeImage_ConvertTo32Bits(dib));
-    default:
-      return nullptr;
+    case 24: return Bitmap(FreeImage_ConvertTo24Bits(dib));
+    case 32: return Bitmap(FreeImage_ConvertTo32Bits(dib));
+    default: return nullptr;
   }
 }
 

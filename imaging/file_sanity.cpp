@@ -79,8 +79,7 @@ bool IcoLooksWhole(ByteReader& file) {
     if (!file.U32(width) || !file.U32(height)) return false;
     // Heights count the mask too; 4096 is far beyond any real icon.
     const auto signed_height = static_cast<std::int32_t>(height);
-    if (width == 0 || width > 4096 || signed_height == 0 || signed_height > 8192 || signed_height < -8192)
-      return false;
+    if (width == 0 || width > 4096 || signed_height == 0 || signed_height > 8192 || signed_height < -8192) return false;
   }
   return true;
 }
@@ -143,8 +142,7 @@ bool GifFramesFitScreen(const std::string& path) {
     }
     if (block != 0x2C) return true;  // the reader stops here too
     std::uint16_t left = 0, top = 0, width = 0, height = 0;
-    if (!file.U16(left) || !file.U16(top) || !file.U16(width) || !file.U16(height) || !file.U8(packed))
-      return false;
+    if (!file.U16(left) || !file.U16(top) || !file.U16(width) || !file.U16(height) || !file.U8(packed)) return false;
     if (left + width > screen_width || top + height > screen_height) return false;
     if ((packed & 0x80) && !file.Skip(3u << ((packed & 7) + 1))) return false;
     if (!file.Skip(1) || !SkipSubBlocks(file)) return false;  // LZW code size, image data

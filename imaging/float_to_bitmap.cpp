@@ -15,18 +15,16 @@ struct FloatLayout {
 
 FloatLayout LayoutOf(FIBITMAP* dib) {
   switch (FreeImage_GetImageType(dib)) {
-    case FIT_FLOAT:
-      return {1, 1};
-    case FIT_RGBF:
-      return {3, 3};
-    case FIT_RGBAF:
-      return {3, 4};
-    default:
-      return {};
+    case FIT_FLOAT: return {1, 1};
+    case FIT_RGBF: return {3, 3};
+    case FIT_RGBAF: return {3, 4};
+    default: return {};
   }
 }
 
-float Finite(float value) { return std::isfinite(value) ? value : 0.0f; }
+float Finite(float value) {
+  return std::isfinite(value) ? value : 0.0f;
+}
 
 BYTE ToByte(float value) {
   const float clamped = std::clamp(Finite(value), 0.0f, 1.0f);
@@ -95,8 +93,7 @@ Bitmap FloatToBitmap(FIBITMAP* dib) {
   if (layout.colours == 0) return nullptr;
   // A small margin so that values written as n/255 and read back are not taken for HDR.
   constexpr float kBrightestStraight = 1.0f + 1e-4f;
-  Bitmap out = BrightestColour(dib, layout) <= kBrightestStraight ? ScaleStraight(dib, layout)
-                                                                   : ToneMap(dib, layout);
+  Bitmap out = BrightestColour(dib, layout) <= kBrightestStraight ? ScaleStraight(dib, layout) : ToneMap(dib, layout);
   if (out) FreeImage_CloneMetadata(out.get(), dib);
   return out;
 }

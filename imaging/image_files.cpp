@@ -114,10 +114,9 @@ std::vector<Bitmap> LoadImagePages(const std::string& path) {
 
 bool SaveImageFile(FIBITMAP* dib, const std::string& path, int format, int flags) {
   if (!dib || path.empty()) return false;
-  const FREE_IMAGE_FORMAT target = format >= 0 ? static_cast<FREE_IMAGE_FORMAT>(format)
-                                               : FreeImage_GetFIFFromFilename(path.c_str());
-  if (target < 0 || target >= FreeImage_GetFIFCount() || !FreeImage_FIFSupportsWriting(target))
-    return false;
+  const FREE_IMAGE_FORMAT target =
+      format >= 0 ? static_cast<FREE_IMAGE_FORMAT>(format) : FreeImage_GetFIFFromFilename(path.c_str());
+  if (target < 0 || target >= FreeImage_GetFIFCount() || !FreeImage_FIFSupportsWriting(target)) return false;
   ExportPage page;
   if (!PrepareForExport(dib, target, page)) return false;
   const bool existed = ExistsAsFile(path);

@@ -8,7 +8,9 @@
 
 namespace velmora::imaging {
 
-ImagingLibrary::ImagingLibrary() : state_(std::make_unique<State>()) { SilenceTiffMessages(); }
+ImagingLibrary::ImagingLibrary() : state_(std::make_unique<State>()) {
+  SilenceTiffMessages();
+}
 
 ImagingLibrary::~ImagingLibrary() = default;
 
@@ -68,26 +70,20 @@ Bitmap AllocateBlank(int width, int height, int bpp, unsigned red, unsigned gree
     case 8:
     case 16:
     case 24:
-    case 32:
-      return Bitmap(::FreeImage_Allocate(width, height, bpp, red, green, blue));
-    case 48:
-      return Bitmap(FreeImage_AllocateT(FIT_RGB16, width, height));
-    case 64:
-      return Bitmap(FreeImage_AllocateT(FIT_RGBA16, width, height));
-    case 96:
-      return Bitmap(FreeImage_AllocateT(FIT_RGBF, width, height));
-    case 128:
-      return Bitmap(FreeImage_AllocateT(FIT_RGBAF, width, height));
-    default:
-      return nullptr;
+    case 32: return Bitmap(::FreeImage_Allocate(width, height, bpp, red, green, blue));
+    case 48: return Bitmap(FreeImage_AllocateT(FIT_RGB16, width, height));
+    case 64: return Bitmap(FreeImage_AllocateT(FIT_RGBA16, width, height));
+    case 96: return Bitmap(FreeImage_AllocateT(FIT_RGBF, width, height));
+    case 128: return Bitmap(FreeImage_AllocateT(FIT_RGBAF, width, height));
+    default: return nullptr;
   }
 }
 
 }  // namespace
 
-void ImagingLibrary::FreeImage_Allocate(Handle& out, std::int32_t width, std::int32_t height,
-                                        std::int32_t bpp, std::uint32_t red_mask, std::uint32_t green_mask,
-                                        std::uint32_t blue_mask, CallResult& result) {
+void ImagingLibrary::FreeImage_Allocate(Handle& out, std::int32_t width, std::int32_t height, std::int32_t bpp,
+                                        std::uint32_t red_mask, std::uint32_t green_mask, std::uint32_t blue_mask,
+                                        CallResult& result) {
   Report(result, [&] {
     out = 0;
     if (width <= 0 || height <= 0) return false;

@@ -67,15 +67,12 @@ class ImagingLibrary {
   // Files.
   void FreeImage_Load(const std::string& path, Handle& out, int format, int flags, CallResult& result);
   void CountPages(const std::string& path, std::int32_t& count, CallResult& result);
-  void LoadAllPages(const std::string& path, std::vector<Handle>& pages, std::int32_t& unused,
-                    CallResult& result);
+  void LoadAllPages(const std::string& path, std::vector<Handle>& pages, std::int32_t& unused, CallResult& result);
   // Converts inside the save to the nearest depth the format takes; the caller's page is untouched.
-  void FreeImage_Save(Handle image, const std::string& path, int format, int flags, int fixed,
-                      CallResult& result);
+  void FreeImage_Save(Handle image, const std::string& path, int format, int flags, int fixed, CallResult& result);
   // Adds a page to the multipage file at `path` (format from the name). The file is written when a
   // call names another path, at FlushAppendedPages, or when the object goes.
-  void AppendPageToFile(const std::string& path, Handle image, int fixed1, int flags, int fixed2,
-                        CallResult& result);
+  void AppendPageToFile(const std::string& path, Handle image, int fixed1, int flags, int fixed2, CallResult& result);
   void FlushAppendedPages();
   // The two halves of FreeImage_Save, so that encoding can run on other threads than writing:
   // the page encoded (after the same depth conversion) into memory, and those bytes written to
@@ -101,15 +98,13 @@ class ImagingLibrary {
   void ConvertTo16Bits(Handle image, Handle& out, bool as565, CallResult& result);
   void ConvertToIndexed8(Handle image, Handle& out, std::int32_t mode, CallResult& result);
   void ConvertToIndexed4(Handle image, Handle& out, std::int32_t mode, CallResult& result);
-  void ConvertToMono(Handle image, Handle& out, std::int32_t mode, std::int32_t threshold,
-                     CallResult& result);
+  void ConvertToMono(Handle image, Handle& out, std::int32_t mode, std::int32_t threshold, CallResult& result);
 
   // Transforms, in place on `image`. Rescale filter 1 is bilinear, 2 nearest neighbour.
   void FreeImage_Rescale(Handle& image, std::int32_t width, std::int32_t height, std::int32_t filter,
                          CallResult& result);
   void RotateRightAngle(Handle& image, std::int32_t angle, CallResult& result);
-  void RotateFree(Handle& image, double angle, double x_origin, double y_origin, std::int32_t mask,
-                  CallResult& result);
+  void RotateFree(Handle& image, double angle, double x_origin, double y_origin, std::int32_t mask, CallResult& result);
   // Mode 1 flips left-right, mode 2 top-bottom.
   void FlipImage(Handle& image, std::int32_t mode, CallResult& result);
   void FreeImage_AdjustBrightness(Handle& image, std::int32_t value, CallResult& result);

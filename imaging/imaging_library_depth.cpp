@@ -18,8 +18,7 @@ Bitmap ConvertPage(FIBITMAP* dib, Convert convert) {
 }
 
 template <typename Convert>
-void RunConversion(HandleTable& images, Handle image, Handle& out, CallResult& result,
-                   Convert convert) {
+void RunConversion(HandleTable& images, Handle image, Handle& out, CallResult& result, Convert convert) {
   Report(result, [&] {
     FIBITMAP* dib = images.Find(image);
     if (!dib) {

@@ -10,7 +10,9 @@
 namespace velmora::imaging {
 namespace {
 
-bool IsTrueColor(FIBITMAP* dib) { return IsBitmapOfDepth(dib, 24) || IsBitmapOfDepth(dib, 32); }
+bool IsTrueColor(FIBITMAP* dib) {
+  return IsBitmapOfDepth(dib, 24) || IsBitmapOfDepth(dib, 32);
+}
 
 // Runs `draw` on the page when it is already 24 or 32 bits (`draw` leaves it untouched when it
 // fails); otherwise on a true-colour copy that replaces the page only when `draw` succeeds.

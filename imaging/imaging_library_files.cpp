@@ -5,8 +5,7 @@
 
 namespace velmora::imaging {
 
-void ImagingLibrary::FreeImage_Load(const std::string& path, Handle& out, int format, int flags,
-                                    CallResult& result) {
+void ImagingLibrary::FreeImage_Load(const std::string& path, Handle& out, int format, int flags, CallResult& result) {
   Report(result, [&] {
     out = 0;
     out = state_->images.Add(LoadImageFile(path, format, flags));
@@ -39,8 +38,8 @@ void ImagingLibrary::LoadAllPages(const std::string& path, std::vector<Handle>& 
   });
 }
 
-void ImagingLibrary::FreeImage_Save(Handle image, const std::string& path, int format, int flags,
-                                    int /*fixed*/, CallResult& result) {
+void ImagingLibrary::FreeImage_Save(Handle image, const std::string& path, int format, int flags, int /*fixed*/,
+                                    CallResult& result) {
   Report(result, [&] {
     FIBITMAP* dib = state_->images.Find(image);
     if (!dib) return false;
@@ -50,8 +49,8 @@ void ImagingLibrary::FreeImage_Save(Handle image, const std::string& path, int f
   });
 }
 
-void ImagingLibrary::AppendPageToFile(const std::string& path, Handle image, int /*fixed1*/, int flags,
-                                      int /*fixed2*/, CallResult& result) {
+void ImagingLibrary::AppendPageToFile(const std::string& path, Handle image, int /*fixed1*/, int flags, int /*fixed2*/,
+                                      CallResult& result) {
   Report(result, [&] {
     FIBITMAP* dib = state_->images.Find(image);
     return dib && state_->appender.Append(path, dib, flags);

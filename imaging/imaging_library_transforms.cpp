@@ -34,8 +34,8 @@ void ReplaceWithNew(HandleTable& images, Handle image, CallResult& result, Make 
 
 }  // namespace
 
-void ImagingLibrary::FreeImage_Rescale(Handle& image, std::int32_t width, std::int32_t height,
-                                       std::int32_t filter, CallResult& result) {
+void ImagingLibrary::FreeImage_Rescale(Handle& image, std::int32_t width, std::int32_t height, std::int32_t filter,
+                                       CallResult& result) {
   if (width <= 0 || height <= 0 || (filter != kFilterBilinear && filter != kFilterNearest)) {
     result = kFailed;
     return;
@@ -50,11 +50,10 @@ void ImagingLibrary::RotateRightAngle(Handle& image, std::int32_t angle, CallRes
   ReplaceWithNew(state_->images, image, result, [angle](FIBITMAP* dib) { return RotateByRightAngle(dib, angle); });
 }
 
-void ImagingLibrary::RotateFree(Handle& image, double angle, double x_origin, double y_origin,
-                                std::int32_t mask, CallResult& result) {
-  ReplaceWithNew(state_->images, image, result, [&](FIBITMAP* dib) {
-    return RotateByAngle(dib, angle, x_origin, y_origin, mask != 0);
-  });
+void ImagingLibrary::RotateFree(Handle& image, double angle, double x_origin, double y_origin, std::int32_t mask,
+                                CallResult& result) {
+  ReplaceWithNew(state_->images, image, result,
+                 [&](FIBITMAP* dib) { return RotateByAngle(dib, angle, x_origin, y_origin, mask != 0); });
 }
 
 void ImagingLibrary::FlipImage(Handle& image, std::int32_t mode, CallResult& result) {

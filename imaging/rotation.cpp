@@ -9,12 +9,9 @@ Bitmap WidenForRotation(FIBITMAP* dib) {
   if (FreeImage_GetImageType(dib) != FIT_BITMAP) return nullptr;
   switch (FreeImage_GetBPP(dib)) {
     case 1:
-    case 4:
-      return Bitmap(FreeImage_ConvertTo8Bits(dib));
-    case 16:
-      return Bitmap(FreeImage_ConvertTo24Bits(dib));
-    default:
-      return nullptr;
+    case 4: return Bitmap(FreeImage_ConvertTo8Bits(dib));
+    case 16: return Bitmap(FreeImage_ConvertTo24Bits(dib));
+    default: return nullptr;
   }
 }
 

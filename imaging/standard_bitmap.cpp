@@ -6,13 +6,10 @@ namespace velmora::imaging {
 bool HasAlpha(FIBITMAP* dib) {
   if (!dib) return false;
   switch (FreeImage_GetImageType(dib)) {
-    case FIT_BITMAP:
-      return FreeImage_GetBPP(dib) == 32 || FreeImage_IsTransparent(dib);
+    case FIT_BITMAP: return FreeImage_GetBPP(dib) == 32 || FreeImage_IsTransparent(dib);
     case FIT_RGBA16:
-    case FIT_RGBAF:
-      return true;
-    default:
-      return false;
+    case FIT_RGBAF: return true;
+    default: return false;
   }
 }
 
@@ -28,19 +25,15 @@ void SetGreyPalette(FIBITMAP* dib) {
 Bitmap ToStandardBitmap(FIBITMAP* dib) {
   if (!dib) return nullptr;
   switch (FreeImage_GetImageType(dib)) {
-    case FIT_BITMAP:
-      return Bitmap(FreeImage_Clone(dib));
-    case FIT_RGB16:
-      return Bitmap(FreeImage_ConvertTo24Bits(dib));
-    case FIT_RGBA16:
-      return Bitmap(FreeImage_ConvertTo32Bits(dib));
+    case FIT_BITMAP: return Bitmap(FreeImage_Clone(dib));
+    case FIT_RGB16: return Bitmap(FreeImage_ConvertTo24Bits(dib));
+    case FIT_RGBA16: return Bitmap(FreeImage_ConvertTo32Bits(dib));
     case FIT_UINT16:
       // Keeps the high byte of each sample, so the grey levels stay where they were.
       return Bitmap(FreeImage_ConvertTo8Bits(dib));
     case FIT_FLOAT:
     case FIT_RGBF:
-    case FIT_RGBAF:
-      return FloatToBitmap(dib);
+    case FIT_RGBAF: return FloatToBitmap(dib);
     default:
       // INT16, UINT32, INT32, DOUBLE, COMPLEX: no natural range, so scale what is there to 0..255.
       return Bitmap(FreeImage_ConvertToStandardType(dib, TRUE));

@@ -38,7 +38,7 @@ void Blend(const BYTE* over, BYTE* under, unsigned bytes) {
   }
   // Both have alpha: weigh the page's colour by what shows of it through the watermark.
   const unsigned below = under[FI_RGBA_ALPHA] * (255 - alpha);  // scaled by 255
-  const unsigned total = alpha * 255 + below;                     // result alpha, scaled by 255
+  const unsigned total = alpha * 255 + below;                   // result alpha, scaled by 255
   for (int channel : {FI_RGBA_RED, FI_RGBA_GREEN, FI_RGBA_BLUE}) {
     under[channel] = static_cast<BYTE>((over[channel] * alpha * 255 + under[channel] * below + total / 2) / total);
   }
@@ -47,8 +47,7 @@ void Blend(const BYTE* over, BYTE* under, unsigned bytes) {
 
 }  // namespace
 
-bool PasteClipped(FIBITMAP* page, FIBITMAP* mark, std::int64_t left, std::int64_t top,
-                  std::int32_t transparent_color) {
+bool PasteClipped(FIBITMAP* page, FIBITMAP* mark, std::int64_t left, std::int64_t top, std::int32_t transparent_color) {
   if (!(IsBitmapOfDepth(page, 24) || IsBitmapOfDepth(page, 32)) || !IsBitmapOfDepth(mark, 32)) return false;
   const std::int64_t page_width = FreeImage_GetWidth(page), page_height = FreeImage_GetHeight(page);
   const std::int64_t mark_width = FreeImage_GetWidth(mark), mark_height = FreeImage_GetHeight(mark);

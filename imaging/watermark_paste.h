@@ -12,7 +12,6 @@ namespace velmora::imaging {
 // goes to (left, top), counted from the page's top-left. Watermark pixels whose colour is
 // `transparent_color` (0x00BBGGRR; a value outside 0..0xFFFFFF keys nothing) are left out; the
 // others are blended by their alpha. False when the bitmaps are not of those depths.
-bool PasteClipped(FIBITMAP* page, FIBITMAP* mark, std::int64_t left, std::int64_t top,
-                  std::int32_t transparent_color);
+bool PasteClipped(FIBITMAP* page, FIBITMAP* mark, std::int64_t left, std::int64_t top, std::int32_t transparent_color);
 
 }  // namespace velmora::imaging

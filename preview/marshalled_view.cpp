@@ -15,9 +15,15 @@ void PreviewSignals::ConnectTo(PreviewPane* pane) {
   connect(this, &PreviewSignals::clearBoth, pane, &PreviewPane::ClearBoth);
 }
 
-void MarshalledPreviewView::SetStatus(const std::string& text) { emit sink_->status(QString::fromStdString(text)); }
-void MarshalledPreviewView::SetFile(const std::string& text) { emit sink_->file(QString::fromStdString(text)); }
-void MarshalledPreviewView::ShowWait(bool shown) { emit sink_->waitShown(shown); }
+void MarshalledPreviewView::SetStatus(const std::string& text) {
+  emit sink_->status(QString::fromStdString(text));
+}
+void MarshalledPreviewView::SetFile(const std::string& text) {
+  emit sink_->file(QString::fromStdString(text));
+}
+void MarshalledPreviewView::ShowWait(bool shown) {
+  emit sink_->waitShown(shown);
+}
 void MarshalledPreviewView::SetWaitLabel(const std::string& text) {
   emit sink_->waitLabel(QString::fromStdString(text));
 }
@@ -44,7 +50,11 @@ void MarshalledPreviewView::ShowOriginal(const imaging::DisplayPicture& picture,
   emit sink_->original(ToQImage(picture), top, left);
 }
 
-void MarshalledPreviewView::ShowNoOriginal() { emit sink_->noOriginal(); }
-void MarshalledPreviewView::ClearBoth() { emit sink_->clearBoth(); }
+void MarshalledPreviewView::ShowNoOriginal() {
+  emit sink_->noOriginal();
+}
+void MarshalledPreviewView::ClearBoth() {
+  emit sink_->clearBoth();
+}
 
 }  // namespace velmora::preview

@@ -48,7 +48,7 @@ class MarshalledPreviewView : public PreviewView {
   void PreviewFrameSize(int& width, int& height) override;
   void ShowPreview(const imaging::DisplayPicture& picture, int top, int left) override;
   void OpenFolder(const std::string&) override {}  // a preview never opens the folder
-  void Yield() override {}  // the window's thread keeps running on its own
+  void Yield() override {}                         // the window's thread keeps running on its own
   void LogFailure(const std::string& message) override;
 
   void OriginalFrameSize(int& width, int& height) override;

@@ -63,8 +63,7 @@ void PreviewNow2(engine::AppState& state, const engine::SourceList& sources, Pre
     lib.MakeDisplayPicture(image, picture, result);
     if (result != 0) {
       int top = 0, left = 0;
-      CentreInBox(static_cast<int>(picture.width), static_cast<int>(picture.height), box_width, box_height, top,
-                  left);
+      CentreInBox(static_cast<int>(picture.width), static_cast<int>(picture.height), box_width, box_height, top, left);
       view.ShowOriginal(picture, top, left);
     }
   }

@@ -112,22 +112,30 @@ void PreviewPane::resizeEvent(QResizeEvent* event) {
   PlaceWait();
 }
 
-void PreviewPane::ShowOriginal(const QImage& image, int top, int left) { source_box_->ShowPicture(image, top, left); }
+void PreviewPane::ShowOriginal(const QImage& image, int top, int left) {
+  source_box_->ShowPicture(image, top, left);
+}
 
-void PreviewPane::ShowNoOriginal() { source_box_->ClearPicture(); }
+void PreviewPane::ShowNoOriginal() {
+  source_box_->ClearPicture();
+}
 
 void PreviewPane::ClearBoth() {
   result_box_->ClearPicture();
   source_box_->ClearPicture();
 }
 
-void PreviewPane::ShowResult(const QImage& image, int top, int left) { result_box_->ShowPicture(image, top, left); }
+void PreviewPane::ShowResult(const QImage& image, int top, int left) {
+  result_box_->ShowPicture(image, top, left);
+}
 
 void PreviewPane::ShowWait(bool shown) {
   wait_->setVisible(shown);
   if (shown) wait_->raise();
 }
 
-void PreviewPane::SetWaitLabel(const QString& text) { wait_label_->setText(text); }
+void PreviewPane::SetWaitLabel(const QString& text) {
+  wait_label_->setText(text);
+}
 
 }  // namespace velmora::preview

@@ -17,7 +17,8 @@ bool PreviewWorker::CreateAndStart(std::function<void()> job) {
   QThread* thread = QThread::create(std::move(job));
   thread_ = thread;
   // `finished` comes from the worker's side; the connection delivers it on this object's thread.
-  connect(thread, &QThread::finished, this, [this, thread] { Finished(thread); }, Qt::QueuedConnection);
+  connect(
+      thread, &QThread::finished, this, [this, thread] { Finished(thread); }, Qt::QueuedConnection);
   emit OnThreadCreateSuccess();
   thread->start();
   return true;

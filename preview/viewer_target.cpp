@@ -3,7 +3,9 @@
 
 namespace velmora::preview {
 
-std::string PreviewFilePath(const engine::AppState& state) { return state.AppDataFolder + "/Temp/preview.dat"; }
+std::string PreviewFilePath(const engine::AppState& state) {
+  return state.AppDataFolder + "/Temp/preview.dat";
+}
 
 std::optional<std::string> ResultClickTarget(const engine::AppState& state, const engine::SourceList& sources) {
   if (sources.rows.empty()) return std::nullopt;

@@ -72,8 +72,8 @@ struct Sheet {
         painter.fillRect(QRect(cx, cy, 6, 6), dark ? QColor(214, 220, 228) : QColor(236, 240, 244));
       }
     }
-    painter.drawImage(area.left() + (kCellW - picture.width()) / 2,
-                      area.top() + (kCellH - picture.height()) / 2, picture);
+    painter.drawImage(area.left() + (kCellW - picture.width()) / 2, area.top() + (kCellH - picture.height()) / 2,
+                      picture);
   }
 
   void next_row() { y += kCellH + 4; }
@@ -108,9 +108,8 @@ QImage sample_picture() {
   return picture;
 }
 
-const QStringList kShapeNames = {"rect",     "rounded",    "ellipse",     "diamond",
-                                 "tri up",   "tri left",   "tri right",   "tri down",
-                                 "arrow up", "arrow left", "arrow right", "arrow down"};
+const QStringList kShapeNames = {"rect",      "rounded",  "ellipse",  "diamond",    "tri up",      "tri left",
+                                 "tri right", "tri down", "arrow up", "arrow left", "arrow right", "arrow down"};
 
 void shapes_by_style(Sheet& sheet) {
   sheet.title(QStringLiteral("Shapes (columns) by style 1 to 8 (rows), normal state"));
@@ -149,8 +148,7 @@ void states_by_style(Sheet& sheet, int shape) {
 
 void themes_by_fill(Sheet& sheet) {
   sheet.title(QStringLiteral("Themes 1 to 8 (rows) by fill mode 0 to 7 (columns), hover state"));
-  sheet.column_labels(
-      {"0 none", "1 solid", "2 H", "3 V", "4 V edges", "5 V middle", "6 H edges", "7 H middle"});
+  sheet.column_labels({"0 none", "1 solid", "2 H", "3 V", "4 V edges", "5 V middle", "6 H edges", "7 H middle"});
   for (int theme = 1; theme <= 8; ++theme) {
     sheet.row_label(QStringLiteral("theme %1").arg(theme));
     for (int fill = 0; fill <= 7; ++fill) {
@@ -167,8 +165,8 @@ void themes_by_fill(Sheet& sheet) {
 
 void captions_and_pictures(Sheet& sheet) {
   sheet.title(QStringLiteral("Caption effects and styles, pictures, drop-down marks"));
-  sheet.column_labels({"no effect", "shadow UL", "shadow DR", "outline", "gradient 1 hover",
-                       "gradient 2 hover", "drop left", "drop right"});
+  sheet.column_labels({"no effect", "shadow UL", "shadow DR", "outline", "gradient 1 hover", "gradient 2 hover",
+                       "drop left", "drop right"});
   sheet.row_label(QStringLiteral("captions"));
   for (int i = 0; i < 8; ++i) {
     ButtonProperties props = base(QStringLiteral("Caption"));
@@ -191,8 +189,8 @@ void captions_and_pictures(Sheet& sheet) {
     sheet.cell(i, draw(props, state, QSize(90, 40)));
   }
   sheet.next_row();
-  sheet.column_labels({"pic top", "pic left", "pic center", "pic right", "pic bottom", "gray",
-                       "gray hover", "gray disabled"});
+  sheet.column_labels(
+      {"pic top", "pic left", "pic center", "pic right", "pic bottom", "gray", "gray hover", "gray disabled"});
   sheet.row_label(QStringLiteral("pictures"));
   for (int i = 0; i < 8; ++i) {
     ButtonProperties props = base(QString());
@@ -208,8 +206,7 @@ void captions_and_pictures(Sheet& sheet) {
 
 void labels(Sheet& sheet) {
   sheet.title(QStringLiteral("TindraLabel"));
-  sheet.column_labels({"transparent", "opaque", "border", "centre", "right", "path ellipsis",
-                       "word wrap", "disabled"});
+  sheet.column_labels({"transparent", "opaque", "border", "centre", "right", "path ellipsis", "word wrap", "disabled"});
   sheet.row_label(QStringLiteral("labels"));
   for (int i = 0; i < 8; ++i) {
     LabelProperties props;
@@ -243,8 +240,7 @@ void labels(Sheet& sheet) {
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QGuiApplication app(argc, argv);
-  const QString out = argc > 1 ? QString::fromLocal8Bit(argv[1])
-                               : QStringLiteral("docs/controls-contact-sheet.png");
+  const QString out = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral("docs/controls-contact-sheet.png");
   Sheet sheet(QSize(kLabelW + 12 * kCellW + 8, 4200));
   shapes_by_style(sheet);
   states_by_style(sheet, shape::kRectangle);

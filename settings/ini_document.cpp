@@ -6,7 +6,9 @@
 namespace velmora::settings {
 namespace {
 
-bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+bool IsBlank(char c) {
+  return c == ' ' || c == '\t';
+}
 
 std::string_view Trim(std::string_view text) {
   while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
@@ -97,8 +99,8 @@ void IniDocument::Set(std::string_view section, std::string_view key, std::strin
   const std::string_view section_name = Trim(section);
   const std::string_view key_name = Trim(key);
   const auto found_section = section_index_.find(Lower(section_name));
-  Section& where = found_section == section_index_.end() ? AppendSection(section_name)
-                                                         : sections_[found_section->second];
+  Section& where =
+      found_section == section_index_.end() ? AppendSection(section_name) : sections_[found_section->second];
 
   if (const auto found_key = where.keys.find(Lower(key_name)); found_key != where.keys.end()) {
     std::string& text = where.lines[found_key->second].text;

@@ -37,9 +37,9 @@ class IniDocument {
     std::string ending;  // "\r\n", "\n", or "" for a last line without one
   };
   struct Section {
-    std::string name;                                  // as written in the header, blanks trimmed
-    std::vector<Line> lines;                           // header line first (unless the preamble)
-    std::unordered_map<std::string, std::size_t> keys; // lower-case key name -> first line with it
+    std::string name;                                   // as written in the header, blanks trimmed
+    std::vector<Line> lines;                            // header line first (unless the preamble)
+    std::unordered_map<std::string, std::size_t> keys;  // lower-case key name -> first line with it
   };
 
   void IndexKey(Section& section, std::size_t line_index);

@@ -76,6 +76,8 @@ inline constexpr const char* kSettingsSection = "Settings";
 inline constexpr const char* kProfileSection = "Profile";
 inline constexpr const char* kProcessTotalKey = "ProcessTotal";
 // "Block_0", "Block_1", ...: plain decimal, no padding.
-inline std::string BlockSection(std::int32_t index) { return "Block_" + std::to_string(index); }
+inline std::string BlockSection(std::int32_t index) {
+  return "Block_" + std::to_string(index);
+}
 
 }  // namespace velmora::settings

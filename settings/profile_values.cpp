@@ -5,7 +5,9 @@
 
 namespace velmora::settings {
 
-void SectionReader::String(const char* key, std::string& field) const { field = document_.Get(section_, key); }
+void SectionReader::String(const char* key, std::string& field) const {
+  field = document_.Get(section_, key);
+}
 
 void SectionReader::Int16(const char* key, std::int16_t& field) const {
   if (const auto value = engine::ReadInt16(document_.Get(section_, key))) field = *value;
@@ -20,7 +22,9 @@ void SectionReader::Boolean(const char* key, engine::VBool& field) const {
     field = *value ? engine::kTrue : engine::kFalse;
 }
 
-void SectionWriter::String(const char* key, const std::string& field) const { document_.Set(section_, key, field); }
+void SectionWriter::String(const char* key, const std::string& field) const {
+  document_.Set(section_, key, field);
+}
 
 void SectionWriter::Int16(const char* key, std::int16_t field) const {
   document_.Set(section_, key, std::to_string(field));

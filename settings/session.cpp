@@ -29,7 +29,9 @@ void LoadStartProfile(engine::AppState& state, const CaptionSink& caption) {
   LoadProfile(state, state.CurrentProfile, caption);
 }
 
-void SaveCurrentProfile(const engine::AppState& state) { SaveProfile(state, state.CurrentProfile); }
+void SaveCurrentProfile(const engine::AppState& state) {
+  SaveProfile(state, state.CurrentProfile);
+}
 
 void StartUp(engine::AppState& state, const CaptionSink& caption) {
   PrepareDataFolders(state);

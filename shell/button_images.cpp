@@ -60,8 +60,8 @@ void Cross(QPainter& p, const QRect& box) {
 void Arrow(QPainter& p, const QColor& color) {
   p.setPen(Qt::NoPen);
   p.setBrush(color);
-  p.drawPolygon(QPolygon({QPoint(8, 1), QPoint(14, 7), QPoint(10, 7), QPoint(10, 14), QPoint(6, 14),
-                          QPoint(6, 7), QPoint(2, 7)}));
+  p.drawPolygon(QPolygon(
+      {QPoint(8, 1), QPoint(14, 7), QPoint(10, 7), QPoint(10, 14), QPoint(6, 14), QPoint(6, 7), QPoint(2, 7)}));
 }
 
 }  // namespace
@@ -71,11 +71,20 @@ QIcon FirstStripImage(int number) {
   QPainter p(&pixmap);
   p.setRenderHint(QPainter::Antialiasing);
   switch (number) {
-    case 1: Picture(p); Plus(p); break;            // "Add Images"
-    case 2: Folder(p); Plus(p); break;             // "Add Folder"
-    case 3: Cross(p, QRect(4, 4, 8, 8)); break;    // "Remove", and the remove button of an entry
-    case 4: Picture(p); Minus(p); break;           // "Remove All"
-    case 5: {                                      // "Add Operation"
+    case 1:
+      Picture(p);
+      Plus(p);
+      break;  // "Add Images"
+    case 2:
+      Folder(p);
+      Plus(p);
+      break;                                     // "Add Folder"
+    case 3: Cross(p, QRect(4, 4, 8, 8)); break;  // "Remove", and the remove button of an entry
+    case 4:
+      Picture(p);
+      Minus(p);
+      break;   // "Remove All"
+    case 5: {  // "Add Operation"
       p.setPen(QColor(70, 90, 120));
       p.setBrush(QColor(235, 235, 245));
       p.drawRect(1, 1, 11, 12);

@@ -12,12 +12,12 @@ namespace velmora::shell {
 
 // What the font chooser starts from.
 struct FontRequest {
-  std::string face;           // at most 31 characters
-  std::int32_t height = 0;    // FontSize x 1.3, rounded
-  std::int32_t tenths = 0;    // FontSize x 10, the point size in tenths
-  int weight = 400;           // 700 when bold
+  std::string face;         // at most 31 characters
+  std::int32_t height = 0;  // FontSize x 1.3, rounded
+  std::int32_t tenths = 0;  // FontSize x 10, the point size in tenths
+  int weight = 400;         // 700 when bold
   bool italic = false, underline = false, strikeout = false;
-  std::int32_t color = 0;     // the colour is not handed in: the chooser starts with black
+  std::int32_t color = 0;  // the colour is not handed in: the chooser starts with black
 };
 
 // What a confirmed chooser gives back.

@@ -73,7 +73,8 @@ FormatDialog::FormatDialog(QWidget* owner, engine::AppState& state, std::functio
   cancel_ = MakeButton("Command2", "Cancel", 336, 112);
   ok_->setDefault(true);
   // Moving and letting go of the slider both show its value.
-  connect(quality_, &QSlider::valueChanged, this, [this](int value) { quality_text_->setText(QString::number(value)); });
+  connect(quality_, &QSlider::valueChanged, this,
+          [this](int value) { quality_text_->setText(QString::number(value)); });
   connect(ok_, &QPushButton::clicked, this, &FormatDialog::Ok);
   connect(cancel_, &QPushButton::clicked, this, &QDialog::reject);
 }
@@ -87,10 +88,11 @@ void FormatDialog::Show(const FormatForm& f) {
   quality_->setValue(f.QualitySlider1);
   quality_text_->setText(QString::fromStdString(f.QualityText1));
 
-  for (QWidget* w : {static_cast<QWidget*>(depth_label_), static_cast<QWidget*>(depth_), static_cast<QWidget*>(depth_bpp_)})
+  for (QWidget* w :
+       {static_cast<QWidget*>(depth_label_), static_cast<QWidget*>(depth_), static_cast<QWidget*>(depth_bpp_)})
     w->setVisible(f.depth_row);
-  for (QWidget* w : {static_cast<QWidget*>(quality_label_), static_cast<QWidget*>(quality_text_),
-                     static_cast<QWidget*>(quality_)})
+  for (QWidget* w :
+       {static_cast<QWidget*>(quality_label_), static_cast<QWidget*>(quality_text_), static_cast<QWidget*>(quality_)})
     w->setVisible(f.quality_row);
   multipage_label_->setVisible(f.multipage_row);
   multipage_->setVisible(f.multipage_row);

@@ -18,9 +18,9 @@ void Branch(const std::string& name, FormatForm& f) {
     f.SetQuality(75);
   } else if (name == "BMP") {
     f.depth_row = true;
-    f.ColorDepthCombo1.items = {"32 (True color)",       "24 (True color)", "16 (5:5:5:1 Hi color)",
-                                "16 (5:6:5 Hi color)",   "8 (Indexed)",     "4 (Indexed)",
-                                "1 (Mono)"};
+    f.ColorDepthCombo1.items = {
+        "32 (True color)", "24 (True color)", "16 (5:5:5:1 Hi color)", "16 (5:6:5 Hi color)", "8 (Indexed)",
+        "4 (Indexed)",     "1 (Mono)"};
     f.ColorDepthCombo1.index = 0;
   } else if (name == "GIF") {
     f.multipage_row = true;
@@ -32,13 +32,12 @@ void Branch(const std::string& name, FormatForm& f) {
     f.ColorDepthCombo1.index = 0;
   } else if (name == "TGA") {
     f.depth_row = true;
-    f.ColorDepthCombo1.items = {"32 (True color)", "24 (True color)", "16 (5:5:5:1 Hi color)",
-                                "16 (5:6:5 Hi color)", "8 (Indexed)"};
+    f.ColorDepthCombo1.items = {"32 (True color)", "24 (True color)", "16 (5:5:5:1 Hi color)", "16 (5:6:5 Hi color)",
+                                "8 (Indexed)"};
     f.ColorDepthCombo1.index = 0;
   } else if (name == "TIFF") {
     f.depth_row = f.multipage_row = f.compression_shown = true;
-    f.ColorDepthCombo1.items = {"32 (True color)", "24 (True color)", "8 (Indexed)",
-                                "4 (Indexed)",     "1 (Mono)",        "CMYK"};
+    f.ColorDepthCombo1.items = {"32 (True color)", "24 (True color)", "8 (Indexed)", "4 (Indexed)", "1 (Mono)", "CMYK"};
     f.CompressionCombo1.items = {"None",          "PACKBITS",      "DEFLATE", "ADOBE DEFLATE",
                                  "CCITT Group 3", "CCITT Group 4", "LZW",     "JPEG"};
     f.CompressionCombo2.items = {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "10"};
@@ -77,8 +76,8 @@ FormatForm OpenFormatForm(const std::string& format_name, const engine::OutputCh
   form.CompressionCombo2.Select(output.Compression2Index);
   form.MultipageCombo1.Select(output.MultipageMode);
   form.SetQuality(output.Quality);
-  for (FormatList* list : {&form.ColorDepthCombo1, &form.CompressionCombo1, &form.CompressionCombo2,
-                           &form.MultipageCombo1}) {
+  for (FormatList* list :
+       {&form.ColorDepthCombo1, &form.CompressionCombo1, &form.CompressionCombo2, &form.MultipageCombo1}) {
     if (list->index == -1) list->Select(0);
   }
   return form;

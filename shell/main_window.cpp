@@ -78,12 +78,14 @@ MainWindow::~MainWindow() {
 void MainWindow::BuildWindow() {
   header_ = new HeaderBand(this);
   about_picture_ = new ClickableLabel("Picture5", header_);
-  about_picture_->setText("<span style='color:white; font-size:20pt; font-weight:600'>Velmora</span>"
-                          "<span style='color:#BFD3F5; font-size:10pt'>&nbsp;&nbsp;batch image converter</span>");
+  about_picture_->setText(
+      "<span style='color:white; font-size:20pt; font-weight:600'>Velmora</span>"
+      "<span style='color:#BFD3F5; font-size:10pt'>&nbsp;&nbsp;batch image converter</span>");
   about_picture_->setToolTip("About Velmora");
   profile_picture_ = new ClickableLabel("Picture6", header_);
-  profile_picture_->setText("<span style='color:white; font-size:10pt; text-decoration:underline'>"
-                            "Profile Management</span>");
+  profile_picture_->setText(
+      "<span style='color:white; font-size:10pt; text-decoration:underline'>"
+      "Profile Management</span>");
   auto* header_layout = new QHBoxLayout(header_);
   header_layout->setContentsMargins(14, 4, 14, 4);
   header_layout->addWidget(about_picture_);
@@ -220,9 +222,13 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
   Form_Resize();
 }
 
-void MainWindow::SetCaption(const std::string& caption) { setWindowTitle(QString::fromStdString(caption)); }
+void MainWindow::SetCaption(const std::string& caption) {
+  setWindowTitle(QString::fromStdString(caption));
+}
 
-void MainWindow::ApplyProfile() { shell::ApplyProfile(entries_, fixed_, state_); }
+void MainWindow::ApplyProfile() {
+  shell::ApplyProfile(entries_, fixed_, state_);
+}
 
 void MainWindow::RefreshProfile() {
   shell::RefreshProfile(state_, entries_, fixed_);

@@ -83,9 +83,9 @@ class MainWindow : public QWidget, public engine::RunView, public preview::Previ
   void RefreshProfile();
 
   // Source list commands.
-  void AddImages();       // Button1
-  void AddFolder();       // Button2
-  void RemoveSelected();  // Button3
+  void AddImages();         // Button1
+  void AddFolder();         // Button2
+  void RemoveSelected();    // Button3
   void RemoveAllSources();  // Button4
   void DropFiles(const std::vector<std::string>& paths);
   void SourceItemClicked();
@@ -118,7 +118,7 @@ class MainWindow : public QWidget, public engine::RunView, public preview::Previ
 
   // Preview.
   void Timer2_Timer();
-  void PreviewNow2();  // on this thread, as at start-up
+  void PreviewNow2();                      // on this thread, as at start-up
   void UpdatePreview() { PreviewNow2(); }  // part of the window's interface; nothing calls it
   void ShowPreviewPane(bool shown);
   void PreviewResultClicked();

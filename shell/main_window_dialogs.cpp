@@ -23,7 +23,7 @@ void MainWindow::ShowFormatDialog() {
           const int index = fixed_.FormatCombo1;
           const auto& names = OutputFormatNames();
           return index >= 0 && index < static_cast<int>(names.size()) ? names[static_cast<std::size_t>(index)]
-                                                                       : std::string();
+                                                                      : std::string();
         },
         [this] { activateWindow(); });
   }

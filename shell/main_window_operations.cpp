@@ -11,9 +11,13 @@ namespace {
 const char* const kFileNameTokens[] = {"{Title}", "_{SourceType}", ".{OutputType}", "_{Counter}"};
 }  // namespace
 
-void MainWindow::lblProcess_Click(std::int16_t kind) { entries_.lblProcess_Click(kind, state_.preview); }
+void MainWindow::lblProcess_Click(std::int16_t kind) {
+  entries_.lblProcess_Click(kind, state_.preview);
+}
 
-void MainWindow::StructRemove_Click(int index) { entries_.StructRemove_Click(index, state_.preview); }
+void MainWindow::StructRemove_Click(int index) {
+  entries_.StructRemove_Click(index, state_.preview);
+}
 
 void MainWindow::RemoveAllOperationsCommand() {
   for (int index = 1; index <= entries_.UpperBound(); ++index) {

@@ -8,15 +8,25 @@
 
 namespace velmora::shell {
 
-void MainWindow::Timer2_Timer() { preview::Timer2_Timer(state_.preview, pass_, *this); }
+void MainWindow::Timer2_Timer() {
+  preview::Timer2_Timer(state_.preview, pass_, *this);
+}
 
-bool MainWindow::PreviewPaneVisible() { return !frPreview_->isHidden(); }
+bool MainWindow::PreviewPaneVisible() {
+  return !frPreview_->isHidden();
+}
 
-bool MainWindow::RunPageVisible() { return !fr3_->isHidden(); }
+bool MainWindow::RunPageVisible() {
+  return !fr3_->isHidden();
+}
 
-void MainWindow::ProcessEvents() { QCoreApplication::processEvents(); }
+void MainWindow::ProcessEvents() {
+  QCoreApplication::processEvents();
+}
 
-std::string MainWindow::SelectedSourceText() { return lwSrc()->SelectedText(); }
+std::string MainWindow::SelectedSourceText() {
+  return lwSrc()->SelectedText();
+}
 
 void MainWindow::StartPreviewThread() {
   // The worker gets copies of everything it reads: the state, the panels' values, the rows and
@@ -49,7 +59,9 @@ void MainWindow::FinishPreview() {
   preview_state_.reset();
 }
 
-void MainWindow::WaitForPreview() { worker_->Wait(); }
+void MainWindow::WaitForPreview() {
+  worker_->Wait();
+}
 
 void MainWindow::PreviewNow2() {
   preview::MarshalledPreviewView view(preview_signals_, frPreview_->prwFon2()->innerSize(),

@@ -21,19 +21,29 @@ void MainWindow::RunConversion() {
   running_ = false;
 }
 
-void MainWindow::SetStatus(const std::string& text) { fr3_->lblStatus()->setText(QString::fromStdString(text)); }
+void MainWindow::SetStatus(const std::string& text) {
+  fr3_->lblStatus()->setText(QString::fromStdString(text));
+}
 
-void MainWindow::SetFile(const std::string& text) { fr3_->lblFile()->setText(QString::fromStdString(text)); }
+void MainWindow::SetFile(const std::string& text) {
+  fr3_->lblFile()->setText(QString::fromStdString(text));
+}
 
 void MainWindow::SetProgressRange(int minimum, int maximum) {
   if (maximum >= minimum) fr3_->pb1()->setRange(minimum, maximum);
 }
 
-void MainWindow::SetProgressValue(int value) { fr3_->pb1()->setValue(value); }
+void MainWindow::SetProgressValue(int value) {
+  fr3_->pb1()->setValue(value);
+}
 
-void MainWindow::ShowWait(bool shown) { frPreview_->ShowWait(shown); }
+void MainWindow::ShowWait(bool shown) {
+  frPreview_->ShowWait(shown);
+}
 
-void MainWindow::SetWaitLabel(const std::string& text) { frPreview_->SetWaitLabel(QString::fromStdString(text)); }
+void MainWindow::SetWaitLabel(const std::string& text) {
+  frPreview_->SetWaitLabel(QString::fromStdString(text));
+}
 
 void MainWindow::PreviewFrameSize(int& width, int& height) {
   const QSize inner = frPreview_->prwFon()->innerSize();
@@ -45,9 +55,13 @@ void MainWindow::ShowPreview(const imaging::DisplayPicture& picture, int top, in
   frPreview_->ShowResult(preview::ToQImage(picture), top, left);
 }
 
-void MainWindow::OpenFolder(const std::string& folder) { services_.OpenFolder(folder); }
+void MainWindow::OpenFolder(const std::string& folder) {
+  services_.OpenFolder(folder);
+}
 
-void MainWindow::Yield() { QCoreApplication::processEvents(); }
+void MainWindow::Yield() {
+  QCoreApplication::processEvents();
+}
 
 void MainWindow::LogFailure(const std::string& message) {
   // Skipped steps don't stop the run; the status line's tip lists them.
@@ -57,12 +71,20 @@ void MainWindow::LogFailure(const std::string& message) {
   fr3_->lblStatus()->setToolTip(lines.join('\n'));
 }
 
-void MainWindow::OpenOutputFolder() { services_.OpenFolder(state_.output.OutputFolder); }
+void MainWindow::OpenOutputFolder() {
+  services_.OpenFolder(state_.output.OutputFolder);
+}
 
-void MainWindow::UploadToPicasa() { uploads_->Picasa(); }
+void MainWindow::UploadToPicasa() {
+  uploads_->Picasa();
+}
 
-void MainWindow::UploadToFtp() { uploads_->Ftp(); }
+void MainWindow::UploadToFtp() {
+  uploads_->Ftp();
+}
 
-UploadBridge* MainWindow::uploads() const { return uploads_; }
+UploadBridge* MainWindow::uploads() const {
+  return uploads_;
+}
 
 }  // namespace velmora::shell

@@ -99,6 +99,8 @@ void MainWindow::SourceItemClicked() {
   Timer2_Timer();
 }
 
-void MainWindow::Timer1_Timer() { fr1_->Picture4()->setVisible(lwSrc()->topLevelItemCount() == 0); }
+void MainWindow::Timer1_Timer() {
+  fr1_->Picture4()->setVisible(lwSrc()->topLevelItemCount() == 0);
+}
 
 }  // namespace velmora::shell

@@ -94,7 +94,9 @@ int NewOperationDialog::SelectedRow() const {
   return items.isEmpty() ? 0 : list_->row(items.front()) + 1;
 }
 
-void NewOperationDialog::Timer1_Timer() { ok_->setEnabled(SelectedRow() != 0); }
+void NewOperationDialog::Timer1_Timer() {
+  ok_->setEnabled(SelectedRow() != 0);
+}
 
 void NewOperationDialog::Accept() {
   const int row = SelectedRow();

@@ -10,9 +10,9 @@ namespace velmora::shell {
 struct NewOperationRow {
   const char* title;
   const char* body;
-  int icon;                // index of the row's picture
-  std::int16_t kind;       // the operation added
-  int watermark_type;      // -1, or the row the new watermark's type list is set to
+  int icon;            // index of the row's picture
+  std::int16_t kind;   // the operation added
+  int watermark_type;  // -1, or the row the new watermark's type list is set to
 };
 
 // Row 1 of the dialog is element 0.

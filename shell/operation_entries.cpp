@@ -12,7 +12,9 @@ OperationEntries::OperationEntries() {
   entries_.push_back(std::move(design));
 }
 
-OperationEntries::OperationEntries(const OperationEntries& other) { *this = other; }
+OperationEntries::OperationEntries(const OperationEntries& other) {
+  *this = other;
+}
 
 OperationEntries& OperationEntries::operator=(const OperationEntries& other) {
   if (this == &other) return *this;

@@ -147,8 +147,7 @@ QPixmap OperationIcon(int index) {
       p.drawPath(curve);
       break;
     }
-    default:
-      break;
+    default: break;
   }
   return pixmap;
 }

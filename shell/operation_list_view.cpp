@@ -9,11 +9,11 @@
 namespace velmora::shell {
 namespace {
 
-constexpr int kPanelLeft = 20;     // 300 twips
-constexpr int kPanelTop = 22;      // below the caption, 240 twips and the title's height
+constexpr int kPanelLeft = 20;  // 300 twips
+constexpr int kPanelTop = 22;   // below the caption, 240 twips and the title's height
 constexpr int kPanelBottom = 10;
-constexpr int kRemoveRight = 8;    // 120 twips from the frame's right edge
-constexpr int kRemoveTop = 12;     // 180 twips
+constexpr int kRemoveRight = 8;  // 120 twips from the frame's right edge
+constexpr int kRemoveTop = 12;   // 180 twips
 constexpr int kScrollWidth = 17;
 
 }  // namespace
@@ -34,7 +34,9 @@ OperationListView::OperationListView(OperationEntries* entries, FixedControls* f
   for (int index : entries_->Indices()) EntryAdded(index);
 }
 
-OperationListView::~OperationListView() { entries_->SetListener(nullptr); }
+OperationListView::~OperationListView() {
+  entries_->SetListener(nullptr);
+}
 
 QWidget* OperationListView::STRUCT(int index) const {
   auto it = widgets_.find(index);

@@ -8,7 +8,9 @@ namespace {
 
 const std::vector<std::string> kNone;
 
-void MarkDirty(engine::PreviewFlags& flags) { flags.PreviewDirty = engine::kTrue; }
+void MarkDirty(engine::PreviewFlags& flags) {
+  flags.PreviewDirty = engine::kTrue;
+}
 
 }  // namespace
 
@@ -16,7 +18,9 @@ bool IsFixedEntry(std::int16_t tag) {
   return tag == kFileNameEntry || tag == kSaveToEntry || tag == kConvertToEntry;
 }
 
-bool IsOperationKind(std::int16_t tag) { return tag >= engine::kResize && tag <= engine::kGamma; }
+bool IsOperationKind(std::int16_t tag) {
+  return tag >= engine::kResize && tag <= engine::kGamma;
+}
 
 std::string EntryCaption(std::int16_t tag) {
   switch (tag) {
@@ -36,9 +40,8 @@ std::string EntryCaption(std::int16_t tag) {
 
 const std::vector<std::string>& ComboItems(std::int16_t kind, int which) {
   static const std::vector<std::string> units{"pixels", "percents"}, methods{"Bilinear", "Nearest"},
-      directions{"counterclockwise", "clockwise"}, axes{"vertically", "horizontally"},
-      watermark_types{"Text", "Image"}, horizontal{"Left", "Right", "Center"},
-      vertical{"Top", "Bottom", "Center"},
+      directions{"counterclockwise", "clockwise"}, axes{"vertically", "horizontally"}, watermark_types{"Text", "Image"},
+      horizontal{"Left", "Right", "Center"}, vertical{"Top", "Bottom", "Center"},
       effects{"Blur", "Distort", "Emboss", "Etch", "Grayscale", "Invert", "Mosaic", "Motion", "Sharpen"};
   switch (kind) {
     case engine::kResize: return which == 1 ? units : (which == 2 ? methods : kNone);
@@ -77,9 +80,7 @@ PanelControls NewPanel(std::int16_t tag) {
       panel.ElemCombo1 = 0;
       break;
     case engine::kMirror:
-    case engine::kEffect:
-      panel.ElemCombo1 = 0;
-      break;
+    case engine::kEffect: panel.ElemCombo1 = 0; break;
     case engine::kWatermark:
       panel.ElemCombo1 = 0;
       panel.ElemLabelWatermark = "Text:";
@@ -99,8 +100,7 @@ PanelControls NewPanel(std::int16_t tag) {
       panel.ElemText1 = "1";
       panel.ElemSlider1 = 100;
       break;
-    default:
-      break;
+    default: break;
   }
   return panel;
 }

@@ -8,7 +8,9 @@ namespace {
 
 using engine::Block;
 
-std::int32_t Int32Of(const std::string& text) { return engine::ReadInt32(text).value_or(0); }
+std::int32_t Int32Of(const std::string& text) {
+  return engine::ReadInt32(text).value_or(0);
+}
 
 Block BlockFrom(const PanelControls& c) {
   Block block;
@@ -25,9 +27,7 @@ Block BlockFrom(const PanelControls& c) {
       block.Angle = Int32Of(c.ElemText1);
       block.Direction = c.ElemCombo1;
       break;
-    case engine::kMirror:
-      block.MirrorAxis = static_cast<std::int16_t>(c.ElemCombo1);
-      break;
+    case engine::kMirror: block.MirrorAxis = static_cast<std::int16_t>(c.ElemCombo1); break;
     case engine::kWatermark:
       block.WatermarkKind = static_cast<std::int16_t>(c.ElemCombo1);
       block.WatermarkSource = c.ElemTextWatermark;
@@ -38,18 +38,13 @@ Block BlockFrom(const PanelControls& c) {
       block.WatermarkAngle = c.ElemSlider1;
       block.WatermarkFont = c.ElemTextWatermarkTag;
       break;
-    case engine::kEffect:
-      block.EffectKind = static_cast<std::int16_t>(c.ElemCombo1);
-      break;
+    case engine::kEffect: block.EffectKind = static_cast<std::int16_t>(c.ElemCombo1); break;
     case engine::kBrightnessContrast:
       block.Brightness = c.ElemSlider1;
       block.Contrast = c.ElemSlider2;
       break;
-    case engine::kGamma:
-      block.GammaValue = c.ElemSlider1;
-      break;
-    default:
-      break;
+    case engine::kGamma: block.GammaValue = c.ElemSlider1; break;
+    default: break;
   }
   return block;
 }
@@ -92,9 +87,7 @@ void SetControlsFrom(const Block& block, PanelControls& c, engine::PreviewFlags&
       c.ElemText1 = std::to_string(block.Angle);
       SetCombo1(c, block.Direction, flags);
       break;
-    case engine::kMirror:
-      SetCombo1(c, block.MirrorAxis, flags);
-      break;
+    case engine::kMirror: SetCombo1(c, block.MirrorAxis, flags); break;
     case engine::kWatermark:
       // The type first: choosing it empties the text.
       SetCombo1(c, block.WatermarkKind, flags);
@@ -106,18 +99,13 @@ void SetControlsFrom(const Block& block, PanelControls& c, engine::PreviewFlags&
       SetSlider(c, 1, block.WatermarkAngle, flags);
       c.ElemTextWatermarkTag = block.WatermarkFont;
       break;
-    case engine::kEffect:
-      SetCombo1(c, block.EffectKind, flags);
-      break;
+    case engine::kEffect: SetCombo1(c, block.EffectKind, flags); break;
     case engine::kBrightnessContrast:
       SetSlider(c, 1, block.Brightness, flags);
       SetSlider(c, 2, block.Contrast, flags);
       break;
-    case engine::kGamma:
-      SetSlider(c, 1, block.GammaValue, flags);
-      break;
-    default:
-      break;
+    case engine::kGamma: SetSlider(c, 1, block.GammaValue, flags); break;
+    default: break;
   }
 }
 

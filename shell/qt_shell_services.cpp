@@ -24,7 +24,9 @@ std::vector<std::pair<std::string, std::string>> SourceFilters() {
   return filters;
 }
 
-std::string Chosen(const QString& path) { return QDir::fromNativeSeparators(path).toStdString(); }
+std::string Chosen(const QString& path) {
+  return QDir::fromNativeSeparators(path).toStdString();
+}
 
 }  // namespace
 
@@ -39,8 +41,8 @@ QString QtFilterList(const std::vector<std::pair<std::string, std::string>>& fil
 }
 
 std::vector<std::string> QtShellServices::ChooseSourceFiles(QWidget* owner) {
-  const QStringList files = QFileDialog::getOpenFileNames(owner, QStringLiteral("Choose file..."),
-                                                          QDir::currentPath(), QtFilterList(SourceFilters()));
+  const QStringList files = QFileDialog::getOpenFileNames(owner, QStringLiteral("Choose file..."), QDir::currentPath(),
+                                                          QtFilterList(SourceFilters()));
   std::vector<std::string> paths;
   for (const QString& file : files) paths.push_back(Chosen(file));
   return paths;
@@ -78,7 +80,9 @@ void QtShellServices::OpenFolder(const std::string& folder) {
   QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(folder)));
 }
 
-void QtShellServices::OpenUrl(const std::string& url) { QDesktopServices::openUrl(QUrl(QString::fromStdString(url))); }
+void QtShellServices::OpenUrl(const std::string& url) {
+  QDesktopServices::openUrl(QUrl(QString::fromStdString(url)));
+}
 
 void QtShellServices::LaunchViewer(const std::string& path) {
   preview::LaunchViewer(QCoreApplication::applicationDirPath(), path);

@@ -109,8 +109,8 @@ SettingsDialog::SettingsDialog(QWidget* owner, engine::Settings& settings)
   ok_->setDefault(true);
   ok_->setAutoDefault(true);
 
-  QWidget* order[] = {Check2_, Check6_, Check14_, Combo1_, Check4_, Text7_, Text8_, Text1_, Text2_,
-                      Text5_,  Text9_,  Text4_,   Text3_,  Text6_,  Check1_, Check3_, ok_,   cancel_};
+  QWidget* order[] = {Check2_, Check6_, Check14_, Combo1_, Check4_, Text7_,  Text8_,  Text1_, Text2_,
+                      Text5_,  Text9_,  Text4_,   Text3_,  Text6_,  Check1_, Check3_, ok_,    cancel_};
   for (std::size_t i = 0; i + 1 < std::size(order); ++i) setTabOrder(order[i], order[i + 1]);
 
   connect(tabs_, &QTabBar::currentChanged, this, &SettingsDialog::SelectTab);

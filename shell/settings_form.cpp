@@ -3,8 +3,12 @@
 
 namespace velmora::shell {
 namespace {
-bool On(engine::VBool value) { return value == engine::kTrue; }
-engine::VBool Word(bool checked) { return checked ? engine::kTrue : engine::kFalse; }
+bool On(engine::VBool value) {
+  return value == engine::kTrue;
+}
+engine::VBool Word(bool checked) {
+  return checked ? engine::kTrue : engine::kFalse;
+}
 }  // namespace
 
 const std::vector<std::string>& IfOutputFileExistsItems() {

@@ -42,7 +42,9 @@ struct SettingsForm {
 void OpenSettingsForm(const engine::Settings& settings, SettingsForm& form);
 
 // The proxy rule: the address and port fields and their labels are enabled only with "Use proxy:".
-inline bool ProxyFieldsEnabled(const SettingsForm& form) { return form.Check4; }
+inline bool ProxyFieldsEnabled(const SettingsForm& form) {
+  return form.Check4;
+}
 
 // OK: the sixteen settings from the controls, untrimmed and unchecked. "Passive Mode" is stored
 // as 1 or 0, every other flag as a boolean.

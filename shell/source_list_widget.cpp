@@ -54,8 +54,7 @@ void SourceListWidget::Add_ListImags(const QString& key, const QIcon& icon) {
 QString SourceListWidget::GetFileIcon(const std::string& path) {
   const QFileInfo info(QString::fromStdString(path));
   const QString type = provider_.type(info);
-  const QString key = QString::fromStdString(
-      IconKey(type.toStdString(), info.fileName().toStdString(), ClassOf(info)));
+  const QString key = QString::fromStdString(IconKey(type.toStdString(), info.fileName().toStdString(), ClassOf(info)));
   // An icon is made only for a key not seen yet.
   if (!icons_.contains(key)) {
     // The desktop's icon for the type; without an icon theme, one drawn for the extension.
@@ -143,4 +142,3 @@ std::vector<std::string> DroppedPaths(const QMimeData* data) {
 }
 
 }  // namespace velmora::shell
-

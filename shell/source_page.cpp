@@ -22,8 +22,7 @@ DropHint::DropHint(QWidget* parent) : QFrame(parent) {
   setPalette(pale);
   setFrameShape(QFrame::StyledPanel);
   label_ = new QLabel(
-      "Add your images for conversion here. Drag & drop them or press \"Add Images\" or \"Add Folder\" button",
-      this);
+      "Add your images for conversion here. Drag & drop them or press \"Add Images\" or \"Add Folder\" button", this);
   label_->setObjectName("Label2");
   label_->setWordWrap(true);
   label_->setAlignment(Qt::AlignCenter);

@@ -75,12 +75,9 @@ std::vector<std::string> PathsFromPieces(const std::vector<std::string>& pieces)
 std::string IconKey(const std::string& type_name, const std::string& file_name, FileIconClass kind) {
   switch (kind) {
     case FileIconClass::kShortcut:
-    case FileIconClass::kProgram:
-      return file_name;
-    case FileIconClass::kOtherProgram:
-      return "DOSExeIcon";
-    case FileIconClass::kOrdinary:
-      break;
+    case FileIconClass::kProgram: return file_name;
+    case FileIconClass::kOtherProgram: return "DOSExeIcon";
+    case FileIconClass::kOrdinary: break;
   }
   std::string key = type_name;
   std::transform(key.begin(), key.end(), key.begin(), [](unsigned char c) { return std::tolower(c); });

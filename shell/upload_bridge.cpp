@@ -17,16 +17,30 @@ namespace velmora::shell {
 UploadBridge::UploadBridge(MainWindow* window) : QObject(window), window_(window) {}
 UploadBridge::~UploadBridge() = default;
 
-void UploadBridge::Picasa() { upload::Button6Click(window_->state(), upload_, *this); }
+void UploadBridge::Picasa() {
+  upload::Button6Click(window_->state(), upload_, *this);
+}
 
-void UploadBridge::Ftp() { upload::Button7Click(window_->state(), upload_, *this); }
+void UploadBridge::Ftp() {
+  upload::Button7Click(window_->state(), upload_, *this);
+}
 
-void UploadBridge::CheckUpdates() { upload::CheckUpdates(*this); }
+void UploadBridge::CheckUpdates() {
+  upload::CheckUpdates(*this);
+}
 
-void UploadBridge::SetStatus(const std::string& text) { window_->SetStatus(text); }
-void UploadBridge::SetFile(const std::string& text) { window_->SetFile(text); }
-void UploadBridge::SetProgressRange(int minimum, int maximum) { window_->SetProgressRange(minimum, maximum); }
-void UploadBridge::SetProgressValue(int value) { window_->SetProgressValue(value); }
+void UploadBridge::SetStatus(const std::string& text) {
+  window_->SetStatus(text);
+}
+void UploadBridge::SetFile(const std::string& text) {
+  window_->SetFile(text);
+}
+void UploadBridge::SetProgressRange(int minimum, int maximum) {
+  window_->SetProgressRange(minimum, maximum);
+}
+void UploadBridge::SetProgressValue(int value) {
+  window_->SetProgressValue(value);
+}
 
 ProcessLogWindow* UploadBridge::ProcessLog() {
   if (!process_log_) {
@@ -78,25 +92,35 @@ void UploadBridge::ShowSessionLog(const std::string& log) {
   log_->Open(log);
 }
 
-void UploadBridge::ShowSettingsDialog(int tab) { window_->ShowSettingsDialog(tab); }
+void UploadBridge::ShowSettingsDialog(int tab) {
+  window_->ShowSettingsDialog(tab);
+}
 
 void UploadBridge::ShowCaptchaPrompt(const std::string& image_path) {
   if (!captcha_) captcha_ = new CaptchaPrompt(window_);
   captcha_->Open(image_path);
 }
 
-bool UploadBridge::CaptchaPromptShowing() { return captcha_ && captcha_->Showed(); }
+bool UploadBridge::CaptchaPromptShowing() {
+  return captcha_ && captcha_->Showed();
+}
 
-std::string UploadBridge::CaptchaPromptAnswer() { return captcha_ ? captcha_->ExitString() : std::string(); }
+std::string UploadBridge::CaptchaPromptAnswer() {
+  return captcha_ ? captcha_->ExitString() : std::string();
+}
 
 void UploadBridge::ShowAlbumChooser(const std::vector<upload::Album>& albums) {
   if (!albums_) albums_ = new AlbumChooser(window_);
   albums_->Open(albums);
 }
 
-bool UploadBridge::AlbumChooserShowing() { return albums_ && albums_->Showed(); }
+bool UploadBridge::AlbumChooserShowing() {
+  return albums_ && albums_->Showed();
+}
 
-std::string UploadBridge::AlbumChooserChoice() { return albums_ ? albums_->ExitString() : std::string(); }
+std::string UploadBridge::AlbumChooserChoice() {
+  return albums_ ? albums_->ExitString() : std::string();
+}
 
 void UploadBridge::ShowPleaseWait(bool shown) {
   if (!wait_) wait_ = new WaitWindow(window_);
@@ -106,8 +130,12 @@ void UploadBridge::ShowPleaseWait(bool shown) {
     wait_->Close();
 }
 
-void UploadBridge::OpenUrl(const std::string& url) { window_->services().OpenUrl(url); }
+void UploadBridge::OpenUrl(const std::string& url) {
+  window_->services().OpenUrl(url);
+}
 
-void UploadBridge::CloseMainWindow() { window_->close(); }
+void UploadBridge::CloseMainWindow() {
+  window_->close();
+}
 
 }  // namespace velmora::shell

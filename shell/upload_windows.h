@@ -23,7 +23,7 @@ class AlbumChooser : public DialogFrame {
  public:
   explicit AlbumChooser(QWidget* owner);
   void Open(const std::vector<upload::Album>& albums);
-  bool Showed() const { return showed_; }           // Form4Showed
+  bool Showed() const { return showed_; }                  // Form4Showed
   const std::string& ExitString() const { return exit_; }  // Form4ExitString
   QListWidget* lw1() const { return list_; }
   QPushButton* Command1() const { return ok_; }
@@ -44,7 +44,7 @@ class CaptchaPrompt : public DialogFrame {
  public:
   explicit CaptchaPrompt(QWidget* owner);
   void Open(const std::string& image_path);
-  bool Showed() const { return showed_; }           // Form5Showed
+  bool Showed() const { return showed_; }                  // Form5Showed
   const std::string& ExitString() const { return exit_; }  // Form5ExitString
   SelectAllEdit* Text1() const { return text_; }
   QPushButton* Command1() const { return ok_; }

@@ -23,7 +23,7 @@ struct WizardLayout {
   bool back_enabled = false;        // Command1 "<< Back"
   std::string next_caption;         // Command2: "Next >>" or "Start!"; empty leaves it
   bool next_enabled = false;
-  bool starts_run = false;          // entering step 2 begins a conversion run
+  bool starts_run = false;  // entering step 2 begins a conversion run
 };
 
 // Clamps a negative step to 0 and tells what the window shows for the state.

@@ -278,10 +278,16 @@ void FtpClient::Disconnect() {
   s.connected = false;
 }
 
-bool FtpClient::IsConnected() const { return impl_->connected; }
+bool FtpClient::IsConnected() const {
+  return impl_->connected;
+}
 
-std::string FtpClient::SessionLog() const { return impl_->log; }
+std::string FtpClient::SessionLog() const {
+  return impl_->log;
+}
 
-std::string FtpClient::LastErrorXml() const { return impl_->last_error_xml; }
+std::string FtpClient::LastErrorXml() const {
+  return impl_->last_error_xml;
+}
 
 }  // namespace velmora::upload

@@ -92,9 +92,13 @@ HttpClient::HttpClient(std::string extra_ca_file) : impl_(std::make_unique<Impl>
 
 HttpClient::~HttpClient() = default;
 
-void HttpClient::KeepCookiesInMemory() { impl_->memory_cookies = true; }
+void HttpClient::KeepCookiesInMemory() {
+  impl_->memory_cookies = true;
+}
 
-void HttpClient::SetTimeoutMs(long milliseconds) { impl_->timeout_ms = milliseconds; }
+void HttpClient::SetTimeoutMs(long milliseconds) {
+  impl_->timeout_ms = milliseconds;
+}
 
 HttpResponse HttpClient::PostUrlEncoded(const std::string& url, const std::vector<NameValue>& fields) {
   if (!impl_->easy) return {0, {}, "no HTTP handle"};

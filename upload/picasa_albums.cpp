@@ -5,7 +5,9 @@
 
 namespace velmora::upload {
 
-std::string AuthorizationOf(const std::string& auth_token) { return "GoogleLogin auth=" + auth_token; }
+std::string AuthorizationOf(const std::string& auth_token) {
+  return "GoogleLogin auth=" + auth_token;
+}
 
 std::string ChooseAlbumPath(HttpClient& http, const std::string& auth_token, const engine::AppState& state,
                             UploadState& upload, UploadView& view, const ServiceHosts& hosts) {

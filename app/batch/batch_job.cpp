@@ -51,8 +51,7 @@ std::string PrepareOutputFolder(engine::AppState& state, bool from_command_line)
   const std::string& folder = state.output.OutputFolder;
   if (folder.empty()) return "the job names no output folder; give one with --output-folder";
   if (!IsFolder(folder)) {
-    if (settings::FileExists(folder.substr(0, folder.size() - 1)))
-      return "output folder is not a folder: " + folder;
+    if (settings::FileExists(folder.substr(0, folder.size() - 1))) return "output folder is not a folder: " + folder;
     if (state.settings.AlwaysCreateOutputFolder == engine::kFalse && !from_command_line)
       return "output folder does not exist and the job's \"Always Create Output Folder\" is off: " + folder;
     settings::MakePath(folder);

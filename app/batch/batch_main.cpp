@@ -42,8 +42,9 @@ int RunBatch(const std::vector<std::string>& arguments, std::FILE* out, std::FIL
   const CollectedSources sources = CollectSources(options.sources);
   if (!sources.error.empty()) return Fail(err, kExitFailure, sources.error);
   if (sources.list.rows.empty())
-    return Fail(err, kExitFailure, "no source images found: the files given are empty or already listed, "
-                                   "and the folders given hold no image files");
+    return Fail(err, kExitFailure,
+                "no source images found: the files given are empty or already listed, "
+                "and the folders given hold no image files");
 
   engine::AppState state;
   LoadBatchJob(state, options);

@@ -27,8 +27,7 @@ std::string StoreValue(BatchOptions& options, std::string_view option, const std
     options.output_folder = value;
   } else if (option == "--format") {
     options.output_format = OutputFormatFromName(value);
-    if (!options.output_format)
-      return "unknown format '" + value + "' (use bmp, jpeg, gif, png, tga, tiff or exr)";
+    if (!options.output_format) return "unknown format '" + value + "' (use bmp, jpeg, gif, png, tga, tiff or exr)";
   } else if (option == "--template") {
     if (value.empty()) return "--template needs a non-empty template";
     options.name_template = value;
@@ -93,14 +92,15 @@ ParsedArguments ParseBatchArguments(const std::vector<std::string>& arguments) {
 
 std::optional<std::int16_t> OutputFormatFromName(std::string_view name) {
   static constexpr std::pair<std::string_view, std::int16_t> kNames[] = {
-      {"bmp", 0}, {"jpeg", 1}, {"jpg", 1}, {"gif", 2}, {"png", 3},
-      {"tga", 4}, {"tiff", 5}, {"tif", 5}, {"exr", 6}};
+      {"bmp", 0}, {"jpeg", 1}, {"jpg", 1}, {"gif", 2}, {"png", 3}, {"tga", 4}, {"tiff", 5}, {"tif", 5}, {"exr", 6}};
   for (const auto& [known, index] : kNames)
     if (engine::EqualsIgnoreCase(name, known)) return index;
   return std::nullopt;
 }
 
-std::string BatchVersionText() { return std::string("velmora-batch ") + VELMORA_VERSION + "\n"; }
+std::string BatchVersionText() {
+  return std::string("velmora-batch ") + VELMORA_VERSION + "\n";
+}
 
 std::string BatchHelpText() {
   return R"(Usage: velmora-batch [OPTIONS] SOURCE...

@@ -15,12 +15,12 @@ inline constexpr int kExitFailure = 1;  // a missing profile or source, no image
 inline constexpr int kExitUsage = 2;    // a bad command line
 
 struct BatchOptions {
-  std::vector<std::string> sources;          // files and folders, in the order given
-  std::optional<std::string> profile;        // --profile
-  std::optional<std::string> output_folder;  // --output-folder
-  std::optional<std::int16_t> output_format; // --format, as the OutputFormat index
-  std::optional<std::string> name_template;  // --template
-  int jobs = 0;                              // --jobs: workers; 0 means one per core
+  std::vector<std::string> sources;           // files and folders, in the order given
+  std::optional<std::string> profile;         // --profile
+  std::optional<std::string> output_folder;   // --output-folder
+  std::optional<std::int16_t> output_format;  // --format, as the OutputFormat index
+  std::optional<std::string> name_template;   // --template
+  int jobs = 0;                               // --jobs: workers; 0 means one per core
   bool quiet = false;
   bool help = false;
   bool version = false;

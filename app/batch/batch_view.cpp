@@ -22,8 +22,8 @@ int TerminalWidth(std::FILE* out) {
 std::string ProgressBarLine(int value, int maximum, const std::string& file_text, int width) {
   const int filled = maximum > 0 ? std::clamp(value * kBarCells / maximum, 0, kBarCells) : 0;
   std::string line = "[" + std::string(static_cast<std::size_t>(filled), '#') +
-                     std::string(static_cast<std::size_t>(kBarCells - filled), '-') + "] " +
-                     std::to_string(value) + "/" + std::to_string(maximum) + "  " + file_text;
+                     std::string(static_cast<std::size_t>(kBarCells - filled), '-') + "] " + std::to_string(value) +
+                     "/" + std::to_string(maximum) + "  " + file_text;
   if (width > 0 && line.size() > static_cast<std::size_t>(width)) line.resize(static_cast<std::size_t>(width));
   return line;
 }

@@ -10,11 +10,8 @@ bool ApplyRotate(imaging::ImagingLibrary& lib, imaging::Handle& page, const Bloc
     case 90:
     case 180:
     case 270:
-    case 360:
-      lib.RotateRightAngle(page, block.Angle, result);
-      return result != 0;
-    default:
-      break;
+    case 360: lib.RotateRightAngle(page, block.Angle, result); return result != 0;
+    default: break;
   }
   // A free angle with direction 0 is applied two times, so the page turns by twice the angle;
   // direction 1 leaves the page as it is. Both are the program's settled behaviour.

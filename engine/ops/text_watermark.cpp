@@ -7,8 +7,8 @@ namespace {
 
 // Left, top and centre anchors take a fixed far edge of 100 that doesn't follow the page; a
 // positive offset moves text away from the edge it is anchored to.
-void SetAxis(TextAxis& axis, std::int16_t align, std::int32_t offset, std::uint32_t size,
-             std::int32_t near_anchor, std::int32_t far_anchor) {
+void SetAxis(TextAxis& axis, std::int16_t align, std::int32_t offset, std::uint32_t size, std::int32_t near_anchor,
+             std::int32_t far_anchor) {
   switch (align) {
     case 0: axis = {near_anchor, offset, 100}; break;
     case 2: axis = {0, static_cast<std::int32_t>(RoundHalfEven(size / 2.0)) + offset, 100}; break;
@@ -17,7 +17,9 @@ void SetAxis(TextAxis& axis, std::int16_t align, std::int32_t offset, std::uint3
   }
 }
 
-bool IsBlank(const std::string& text) { return text.find_first_not_of(' ') == std::string::npos; }
+bool IsBlank(const std::string& text) {
+  return text.find_first_not_of(' ') == std::string::npos;
+}
 
 }  // namespace
 

@@ -75,8 +75,7 @@ bool Distort(FIBITMAP* dib) {
       const int fx = sx & (kOne - 1);
       const int fy = sy & (kOne - 1);
       for (int c = 0; c < 3; ++c) {
-        pixel[kColourOffsets[c]] =
-            static_cast<std::uint8_t>(Sample(source.channel[c], x0, x1, fx, y0, y1, fy));
+        pixel[kColourOffsets[c]] = static_cast<std::uint8_t>(Sample(source.channel[c], x0, x1, fx, y0, y1, fy));
       }
     }
   }

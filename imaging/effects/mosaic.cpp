@@ -11,7 +11,9 @@ namespace velmora::imaging::effects {
 namespace {
 
 // Width of block number `block` in a row of `width` pixels cut every `side` pixels.
-int BlockWidth(int block, int side, int width) { return std::min(side, width - block * side); }
+int BlockWidth(int block, int side, int width) {
+  return std::min(side, width - block * side);
+}
 
 }  // namespace
 
@@ -38,8 +40,7 @@ bool Mosaic(FIBITMAP* dib, int size) {
       }
     }
     for (int block = 0; block < across; ++block) {
-      const std::int64_t count =
-          static_cast<std::int64_t>(BlockWidth(block, side, layout->width)) * (bottom - top);
+      const std::int64_t count = static_cast<std::int64_t>(BlockWidth(block, side, layout->width)) * (bottom - top);
       for (int c = 0; c < 3; ++c) {
         means[3 * block + c] = static_cast<std::uint8_t>(DivideRound(sums[3 * block + c], count));
       }

@@ -62,8 +62,7 @@ bool ReadLuma(FIBITMAP* dib, const PageLayout& layout, Plane& luma) {
     const std::uint8_t* pixel = TopRow(dib, layout, y);
     std::uint8_t* out = luma.row(y);
     for (int x = 0; x < layout.width; ++x, pixel += step) {
-      out[x] = static_cast<std::uint8_t>(
-          Luma601(pixel[FI_RGBA_RED], pixel[FI_RGBA_GREEN], pixel[FI_RGBA_BLUE]));
+      out[x] = static_cast<std::uint8_t>(Luma601(pixel[FI_RGBA_RED], pixel[FI_RGBA_GREEN], pixel[FI_RGBA_BLUE]));
     }
   }
   return true;

@@ -37,8 +37,12 @@ bool Relief(FIBITMAP* dib, bool strong, int direction, bool engraved) {
 
 }  // namespace
 
-bool Emboss(FIBITMAP* dib, bool strong, int direction) { return Relief(dib, strong, direction, false); }
+bool Emboss(FIBITMAP* dib, bool strong, int direction) {
+  return Relief(dib, strong, direction, false);
+}
 
-bool Etch(FIBITMAP* dib, bool strong, int direction) { return Relief(dib, strong, direction, true); }
+bool Etch(FIBITMAP* dib, bool strong, int direction) {
+  return Relief(dib, strong, direction, true);
+}
 
 }  // namespace velmora::imaging::effects

@@ -49,8 +49,7 @@ InkColour InkFromColorRef(std::int32_t color) {
           static_cast<std::uint8_t>((bits >> 16) & 0xFF)};
 }
 
-void BlendCoverage(FIBITMAP* dib, const CoverageMask& mask, const LineTransform& transform,
-                   InkColour colour) {
+void BlendCoverage(FIBITMAP* dib, const CoverageMask& mask, const LineTransform& transform, InkColour colour) {
   if (mask.area.empty()) return;
   const int width = static_cast<int>(FreeImage_GetWidth(dib));
   const int height = static_cast<int>(FreeImage_GetHeight(dib));

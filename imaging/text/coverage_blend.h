@@ -20,7 +20,6 @@ InkColour InkFromColorRef(std::int32_t color);
 
 // Blends `colour` through the mask onto every image pixel the transformed mask covers, sampling
 // the mask bilinearly at pixel centres. Pixels off the image are skipped.
-void BlendCoverage(FIBITMAP* dib, const CoverageMask& mask, const LineTransform& transform,
-                   InkColour colour);
+void BlendCoverage(FIBITMAP* dib, const CoverageMask& mask, const LineTransform& transform, InkColour colour);
 
 }  // namespace velmora::imaging::text

@@ -55,8 +55,8 @@ bool FindFont(const std::string& family, bool bold, bool italic, FontLocation& f
   FcBool embolden = FcFalse;
   FcPatternGetBool(match.get(), FC_EMBOLDEN, 0, &embolden);
   FcMatrix* matrix = nullptr;
-  const bool sheared = FcPatternGetMatrix(match.get(), FC_MATRIX, 0, &matrix) == FcResultMatch &&
-                       matrix != nullptr && matrix->xy != 0;
+  const bool sheared =
+      FcPatternGetMatrix(match.get(), FC_MATRIX, 0, &matrix) == FcResultMatch && matrix != nullptr && matrix->xy != 0;
 
   found.file = reinterpret_cast<const char*>(file);
   found.index = index;

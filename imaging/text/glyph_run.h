@@ -47,8 +47,7 @@ struct CoverageMask {
 
 // Sizes the face, shapes the UTF-8 text and measures the line. False when the face refuses
 // the size.
-bool ShapeLine(const StyledFace& face, const std::string& text, const LineStyle& style,
-               ShapedLine& line);
+bool ShapeLine(const StyledFace& face, const std::string& text, const LineStyle& style, ShapedLine& line);
 
 // The line's ink inside `clip`. Must follow ShapeLine on the same face and thread, which leaves
 // the face sized. Glyphs that fall wholly outside `clip` are not rendered at all.

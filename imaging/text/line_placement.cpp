@@ -115,15 +115,15 @@ PointF LineTransform::ToLine(PointF image_point) const {
 
 PixelRect VisibleLineArea(const LineTransform& transform, int image_width, int image_height) {
   const double w = image_width, h = image_height;
-  return OutwardBox({transform.ToLine({0, 0}), transform.ToLine({w, 0}), transform.ToLine({0, h}),
-                     transform.ToLine({w, h})});
+  return OutwardBox(
+      {transform.ToLine({0, 0}), transform.ToLine({w, 0}), transform.ToLine({0, h}), transform.ToLine({w, h})});
 }
 
-PixelRect TouchedImageArea(const LineTransform& transform, const PixelRect& line_area,
-                           int image_width, int image_height) {
+PixelRect TouchedImageArea(const LineTransform& transform, const PixelRect& line_area, int image_width,
+                           int image_height) {
   const double l = line_area.left, t = line_area.top, r = line_area.right, b = line_area.bottom;
-  const PixelRect box = OutwardBox({transform.ToImage({l, t}), transform.ToImage({r, t}),
-                                    transform.ToImage({l, b}), transform.ToImage({r, b})});
+  const PixelRect box = OutwardBox(
+      {transform.ToImage({l, t}), transform.ToImage({r, t}), transform.ToImage({l, b}), transform.ToImage({r, b})});
   return Intersect(box, {0, 0, image_width, image_height});
 }
 

@@ -44,7 +44,7 @@ class LineTransform {
 PixelRect VisibleLineArea(const LineTransform& transform, int image_width, int image_height);
 
 // The image pixels that the given line area can touch, clipped to the image.
-PixelRect TouchedImageArea(const LineTransform& transform, const PixelRect& line_area,
-                           int image_width, int image_height);
+PixelRect TouchedImageArea(const LineTransform& transform, const PixelRect& line_area, int image_width,
+                           int image_height);
 
 }  // namespace velmora::imaging::text

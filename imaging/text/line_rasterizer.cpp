@@ -24,8 +24,8 @@ constexpr FT_Int32 kLoadFlags = FT_LOAD_NO_HINTING | FT_LOAD_NO_BITMAP;
 
 // Leans and widens the outline as the line asks, then moves it by the sub-pixel part of its
 // origin so that the bitmap lands on whole pixels. Returns the whole-pixel part of the origin.
-void PrepareOutline(FT_Outline* outline, const ShapedLine& line, const PlacedGlyph& glyph,
-                    long& whole_x, long& whole_y) {
+void PrepareOutline(FT_Outline* outline, const ShapedLine& line, const PlacedGlyph& glyph, long& whole_x,
+                    long& whole_y) {
   if (line.oblique) {
     FT_Matrix shear{0x10000, kObliqueShear, 0, 0x10000};
     FT_Outline_Transform(outline, &shear);
@@ -41,39 +41,32 @@ PixelRect OutlineBox(FT_Outline* outline, const ShapedLine& line, long whole_x, 
   FT_BBox box;
   FT_Outline_Get_CBox(outline, &box);
   const long baseline = line.extent.ascent - whole_y;
-  return {static_cast<int>(whole_x + (box.xMin >> 6)),
-          static_cast<int>(baseline - ((box.yMax + 63) >> 6)),
-          static_cast<int>(whole_x + ((box.xMax + 63) >> 6)),
-          static_cast<int>(baseline - (box.yMin >> 6))};
+  return {static_cast<int>(whole_x + (box.xMin >> 6)), static_cast<int>(baseline - ((box.yMax + 63) >> 6)),
+          static_cast<int>(whole_x + ((box.xMax + 63) >> 6)), static_cast<int>(baseline - (box.yMin >> 6))};
 }
 
 // Copies the part of the slot's grey bitmap that lies inside `clip`.
-bool CopyPiece(const FT_GlyphSlot slot, int left, int top, const PixelRect& clip,
-               GlyphPiece& piece) {
+bool CopyPiece(const FT_GlyphSlot slot, int left, int top, const PixelRect& clip, GlyphPiece& piece) {
   const FT_Bitmap& bitmap = slot->bitmap;
   if (bitmap.pixel_mode != FT_PIXEL_MODE_GRAY || bitmap.buffer == nullptr) return false;
-  const PixelRect whole{left, top, left + static_cast<int>(bitmap.width),
-                        top + static_cast<int>(bitmap.rows)};
+  const PixelRect whole{left, top, left + static_cast<int>(bitmap.width), top + static_cast<int>(bitmap.rows)};
   piece.area = Intersect(whole, clip);
   if (piece.area.empty()) return false;
   // The pitch says how far down one row is; the top row comes first in memory only when it is
   // positive.
   const unsigned char* top_row =
-      bitmap.pitch >= 0 ? bitmap.buffer
-                        : bitmap.buffer - static_cast<long>(bitmap.rows - 1) * bitmap.pitch;
+      bitmap.pitch >= 0 ? bitmap.buffer : bitmap.buffer - static_cast<long>(bitmap.rows - 1) * bitmap.pitch;
   piece.coverage.resize(static_cast<std::size_t>(piece.area.width()) * piece.area.height());
   for (int y = piece.area.top; y < piece.area.bottom; ++y) {
-    const unsigned char* source =
-        top_row + static_cast<long>(y - top) * bitmap.pitch + (piece.area.left - left);
-    std::copy_n(
-        source, piece.area.width(),
-        piece.coverage.begin() + static_cast<long>(y - piece.area.top) * piece.area.width());
+    const unsigned char* source = top_row + static_cast<long>(y - top) * bitmap.pitch + (piece.area.left - left);
+    std::copy_n(source, piece.area.width(),
+                piece.coverage.begin() + static_cast<long>(y - piece.area.top) * piece.area.width());
   }
   return true;
 }
 
-bool RenderGlyph(FT_Face face, const ShapedLine& line, const PlacedGlyph& glyph,
-                 const PixelRect& clip, GlyphPiece& piece) {
+bool RenderGlyph(FT_Face face, const ShapedLine& line, const PlacedGlyph& glyph, const PixelRect& clip,
+                 GlyphPiece& piece) {
   if (FT_Load_Glyph(face, glyph.id, kLoadFlags) != 0) return false;
   FT_GlyphSlot slot = face->glyph;
   if (slot->format != FT_GLYPH_FORMAT_OUTLINE || slot->outline.n_points == 0) return false;
@@ -90,8 +83,8 @@ bool RenderGlyph(FT_Face face, const ShapedLine& line, const PlacedGlyph& glyph,
 void AddCoverage(CoverageMask& mask, const PixelRect& area, const std::uint8_t* source) {
   const int width = mask.area.width();
   for (int y = area.top; y < area.bottom; ++y) {
-    std::uint8_t* target = &mask.coverage[static_cast<std::size_t>(y - mask.area.top) * width +
-                                          (area.left - mask.area.left)];
+    std::uint8_t* target =
+        &mask.coverage[static_cast<std::size_t>(y - mask.area.top) * width + (area.left - mask.area.left)];
     for (int x = 0; x < area.width(); ++x) {
       const int sum = target[x] + (source ? source[x] : 255);
       target[x] = static_cast<std::uint8_t>(std::min(sum, 255));
@@ -102,8 +95,7 @@ void AddCoverage(CoverageMask& mask, const PixelRect& area, const std::uint8_t* 
 
 }  // namespace
 
-CoverageMask RasterizeLine(const StyledFace& styled, const ShapedLine& line,
-                           const PixelRect& clip) {
+CoverageMask RasterizeLine(const StyledFace& styled, const ShapedLine& line, const PixelRect& clip) {
   std::vector<GlyphPiece> pieces;
   PixelRect ink;
   for (const PlacedGlyph& glyph : line.glyphs) {

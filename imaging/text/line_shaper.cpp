@@ -41,8 +41,7 @@ void AddBars(FT_Face face, const LineStyle& style, ShapedLine& line) {
 
 }  // namespace
 
-bool ShapeLine(const StyledFace& styled, const std::string& text, const LineStyle& style,
-               ShapedLine& line) {
+bool ShapeLine(const StyledFace& styled, const std::string& text, const LineStyle& style, ShapedLine& line) {
   FT_Face face = styled.face;
   const auto size_26_6 = static_cast<FT_F26Dot6>(std::lround(style.pixel_size * 64));
   if (face == nullptr || size_26_6 <= 0 || FT_Set_Char_Size(face, 0, size_26_6, 72, 72) != 0) {
@@ -51,8 +50,7 @@ bool ShapeLine(const StyledFace& styled, const std::string& text, const LineStyl
   HbFontPtr font(hb_ft_font_create_referenced(face));
   HbBufferPtr buffer(hb_buffer_create());
   if (!font || !buffer || !hb_buffer_allocation_successful(buffer.get())) return false;
-  hb_buffer_add_utf8(buffer.get(), text.data(), static_cast<int>(text.size()), 0,
-                     static_cast<int>(text.size()));
+  hb_buffer_add_utf8(buffer.get(), text.data(), static_cast<int>(text.size()), 0, static_cast<int>(text.size()));
   hb_buffer_guess_segment_properties(buffer.get());
   hb_shape(font.get(), buffer.get(), nullptr, 0);
 
@@ -63,15 +61,13 @@ bool ShapeLine(const StyledFace& styled, const std::string& text, const LineStyl
   line = ShapedLine{};
   line.oblique = styled.oblique;
   if (styled.embolden) {
-    line.embolden_strength =
-        FT_MulFix(face->units_per_EM, face->size->metrics.y_scale) / kEmboldenDivisor;
+    line.embolden_strength = FT_MulFix(face->units_per_EM, face->size->metrics.y_scale) / kEmboldenDivisor;
   }
   // HarfBuzz on an hb_ft font reports in the face's 26.6 pixel units.
   long pen_x = 0, pen_y = 0;
   line.glyphs.reserve(count);
   for (unsigned i = 0; i < count; ++i) {
-    line.glyphs.push_back(
-        {infos[i].codepoint, pen_x + positions[i].x_offset, pen_y + positions[i].y_offset});
+    line.glyphs.push_back({infos[i].codepoint, pen_x + positions[i].x_offset, pen_y + positions[i].y_offset});
     pen_x += positions[i].x_advance + line.embolden_strength;
     pen_y += positions[i].y_advance;
   }

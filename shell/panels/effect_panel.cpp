@@ -14,6 +14,8 @@ EffectPanel::EffectPanel(OperationEntry* entry, engine::PreviewFlags* preview_fl
   });
 }
 
-void EffectPanel::Load() { SetCombo(ElemCombo1_, c().ElemCombo1); }
+void EffectPanel::Load() {
+  SetCombo(ElemCombo1_, c().ElemCombo1);
+}
 
 }  // namespace velmora::shell

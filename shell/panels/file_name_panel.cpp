@@ -28,6 +28,8 @@ FileNamePanel::FileNamePanel(FixedControls* fixed_controls, engine::PreviewFlags
   connect(FileNameCommand1_, &QPushButton::clicked, this, &FixedPanel::commandClicked);
 }
 
-void FileNamePanel::Load() { SetText(FileNameText1_, fixed().FileNameText1); }
+void FileNamePanel::Load() {
+  SetText(FileNameText1_, fixed().FileNameText1);
+}
 
 }  // namespace velmora::shell

@@ -14,6 +14,8 @@ MirrorPanel::MirrorPanel(OperationEntry* entry, engine::PreviewFlags* preview_fl
   });
 }
 
-void MirrorPanel::Load() { SetCombo(ElemCombo1_, c().ElemCombo1); }
+void MirrorPanel::Load() {
+  SetCombo(ElemCombo1_, c().ElemCombo1);
+}
 
 }  // namespace velmora::shell

@@ -34,7 +34,9 @@ QLabel* OperationPanel::AddLabel(int row, const QString& name, const QString& te
   return label;
 }
 
-void OperationPanel::AddControl(int row, QWidget* control) { grid_->addWidget(control, row, 1, Qt::AlignLeft); }
+void OperationPanel::AddControl(int row, QWidget* control) {
+  grid_->addWidget(control, row, 1, Qt::AlignLeft);
+}
 
 QWidget* OperationPanel::RowOf(std::initializer_list<QWidget*> widgets) {
   auto* row = new QWidget(this);

@@ -19,12 +19,10 @@ ResizePanel::ResizePanel(OperationEntry* entry, engine::PreviewFlags* preview_fl
   ElemCombo2_ = MakeCombo("ElemCombo2", 2);
   AddControl(2, ElemCombo2_);
 
-  connect(ElemText1_, &QLineEdit::textChanged, this, [this](const QString& t) {
-    EditElemText(c(), 1, t.toStdString(), flags());
-  });
-  connect(ElemText2_, &QLineEdit::textChanged, this, [this](const QString& t) {
-    EditElemText(c(), 2, t.toStdString(), flags());
-  });
+  connect(ElemText1_, &QLineEdit::textChanged, this,
+          [this](const QString& t) { EditElemText(c(), 1, t.toStdString(), flags()); });
+  connect(ElemText2_, &QLineEdit::textChanged, this,
+          [this](const QString& t) { EditElemText(c(), 2, t.toStdString(), flags()); });
   connect(ElemCombo1_, &QComboBox::activated, this, [this](int index) {
     ChooseElemCombo1(c(), index, flags());
     Edited();

@@ -12,9 +12,8 @@ RotatePanel::RotatePanel(OperationEntry* entry, engine::PreviewFlags* preview_fl
   ElemCombo1_ = MakeCombo("ElemCombo1", 1);
   AddControl(0, RowOf({ElemText1_, direction, ElemCombo1_}));
 
-  connect(ElemText1_, &QLineEdit::textChanged, this, [this](const QString& t) {
-    EditElemText(c(), 1, t.toStdString(), flags());
-  });
+  connect(ElemText1_, &QLineEdit::textChanged, this,
+          [this](const QString& t) { EditElemText(c(), 1, t.toStdString(), flags()); });
   connect(ElemCombo1_, &QComboBox::activated, this, [this](int index) {
     ChooseElemCombo1(c(), index, flags());
     Edited();

@@ -5,7 +5,9 @@
 
 namespace velmora::shell {
 
-SelectAllEdit::SelectAllEdit(const QString& name, QWidget* parent) : QLineEdit(parent) { setObjectName(name); }
+SelectAllEdit::SelectAllEdit(const QString& name, QWidget* parent) : QLineEdit(parent) {
+  setObjectName(name);
+}
 
 void SelectAllEdit::focusInEvent(QFocusEvent* event) {
   QLineEdit::focusInEvent(event);

@@ -33,8 +33,8 @@ WatermarkPanel::WatermarkPanel(OperationEntry* entry, engine::PreviewFlags* prev
   ElemSlider1_ = MakeSlider("ElemSlider1", 1);
   AddControl(6, RowOf({ElemText3_, ElemSlider1_}));
   // Hiding the angle row keeps the panel's height: the entry was sized when it was made.
-  for (QWidget* keep : {static_cast<QWidget*>(ElemLabel7_), static_cast<QWidget*>(ElemText3_),
-                        static_cast<QWidget*>(ElemSlider1_)}) {
+  for (QWidget* keep :
+       {static_cast<QWidget*>(ElemLabel7_), static_cast<QWidget*>(ElemText3_), static_cast<QWidget*>(ElemSlider1_)}) {
     QSizePolicy policy = keep->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     keep->setSizePolicy(policy);
@@ -52,15 +52,12 @@ WatermarkPanel::WatermarkPanel(OperationEntry* entry, engine::PreviewFlags* prev
     ChooseElemCombo(c(), 3, index, flags());
     Edited();
   });
-  connect(ElemTextWatermark_, &QLineEdit::textChanged, this, [this](const QString& t) {
-    EditElemText(c(), 0, t.toStdString(), flags());
-  });
-  connect(ElemText1_, &QLineEdit::textChanged, this, [this](const QString& t) {
-    EditElemText(c(), 1, t.toStdString(), flags());
-  });
-  connect(ElemText2_, &QLineEdit::textChanged, this, [this](const QString& t) {
-    EditElemText(c(), 2, t.toStdString(), flags());
-  });
+  connect(ElemTextWatermark_, &QLineEdit::textChanged, this,
+          [this](const QString& t) { EditElemText(c(), 0, t.toStdString(), flags()); });
+  connect(ElemText1_, &QLineEdit::textChanged, this,
+          [this](const QString& t) { EditElemText(c(), 1, t.toStdString(), flags()); });
+  connect(ElemText2_, &QLineEdit::textChanged, this,
+          [this](const QString& t) { EditElemText(c(), 2, t.toStdString(), flags()); });
   connect(ElemSlider1_, &QSlider::valueChanged, this, [this](int value) {
     MoveElemSlider1(c(), value, flags());
     Edited();

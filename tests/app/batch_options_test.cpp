@@ -6,11 +6,13 @@
 namespace velmora::app {
 namespace {
 
-ParsedArguments Parse(std::vector<std::string> arguments) { return ParseBatchArguments(arguments); }
+ParsedArguments Parse(std::vector<std::string> arguments) {
+  return ParseBatchArguments(arguments);
+}
 
 TEST(BatchOptions, SourcesAndEveryOptionInBothForms) {
-  const ParsedArguments parsed = Parse({"a.jpg", "--profile", "job.profile", "--output-folder=out", "--format",
-                                        "PNG", "--template={Counter}.{OutputType}", "--jobs", "4", "-q", "pics"});
+  const ParsedArguments parsed = Parse({"a.jpg", "--profile", "job.profile", "--output-folder=out", "--format", "PNG",
+                                        "--template={Counter}.{OutputType}", "--jobs", "4", "-q", "pics"});
   ASSERT_EQ(parsed.error, "");
   const BatchOptions& options = parsed.options;
   EXPECT_EQ(options.sources, (std::vector<std::string>{"a.jpg", "pics"}));

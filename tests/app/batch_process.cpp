@@ -13,7 +13,9 @@ extern char** environ;
 
 namespace velmora::testing {
 
-std::string BatchProgramPath() { return std::string(VELMORA_BINARY_DIR) + "/app/velmora-batch"; }
+std::string BatchProgramPath() {
+  return std::string(VELMORA_BINARY_DIR) + "/app/velmora-batch";
+}
 
 ProcessResult RunBatchProcess(const std::vector<std::string>& arguments, const std::string& working_folder,
                               const std::string& home) {

@@ -160,8 +160,7 @@ TEST_F(BatchRunTest, TheSkipPolicyIsCountedInTheLastLine) {
   ASSERT_EQ(first, (std::vector<std::string>{"beach_001.jpg", "poster_000.jpg"}));
   const ProcessResult again = Run({"--profile", profile, "pics/trips"});
   ASSERT_EQ(again.exit_code, 0) << again.err;
-  EXPECT_EQ(again.out.substr(again.out.find("Completed.")),
-            "Completed.\n2 file(s) processed. 2 file(s) skipped.\n");
+  EXPECT_EQ(again.out.substr(again.out.find("Completed.")), "Completed.\n2 file(s) processed. 2 file(s) skipped.\n");
   EXPECT_EQ(Names(Work("kept")), first);
 }
 
@@ -178,7 +177,8 @@ TEST_F(BatchRunTest, UsageErrorsExitWithTwoAndWriteNothing) {
   const std::vector<std::pair<std::vector<std::string>, std::string>> cases = {
       {{"--colour", "red", "pics"}, "velmora-batch: unknown option '--colour'\n"},
       {{}, "velmora-batch: no source images given: name at least one file or folder\n"},
-      {{"--format", "webp", "pics"}, "velmora-batch: unknown format 'webp' (use bmp, jpeg, gif, png, tga, tiff or exr)\n"},
+      {{"--format", "webp", "pics"},
+       "velmora-batch: unknown format 'webp' (use bmp, jpeg, gif, png, tga, tiff or exr)\n"},
       {{"--jobs", "none", "pics"}, "velmora-batch: --jobs needs a whole number of at least 1, not 'none'\n"},
   };
   for (const auto& [arguments, message] : cases) {

@@ -48,8 +48,8 @@ TEST(ScanFolder, FilesOfAFolderPatternByPatternThenItsSubfolders) {
                            "Sub1/deeper/r.png", "Sub1/readme.md"})
     Touch(root, name);
   EXPECT_EQ(Scan(root, kAllImageFilePatterns),
-            (std::vector<std::string>{"A.JPG", "c.jpeg", "b.png", "y.tif", "x.tiff", "Sub1/q.bmp",
-                                      "Sub1/deeper/r.png", "sub2/z.gif"}));
+            (std::vector<std::string>{"A.JPG", "c.jpeg", "b.png", "y.tif", "x.tiff", "Sub1/q.bmp", "Sub1/deeper/r.png",
+                                      "sub2/z.gif"}));
 }
 
 TEST(ScanFolder, WithinAPatternNamesComeInNameOrderWithoutRegardToCase) {
@@ -117,8 +117,8 @@ TEST(SourceAdder, TakesNonEmptyFilesOnceAndMatchesLetterCase) {
   EXPECT_FALSE(adder.Add(root.file("folder")));
   EXPECT_FALSE(adder.Add(root.file("missing.png")));
   EXPECT_FALSE(adder.Add(root.file("listed.png")));
-  EXPECT_EQ(list.rows, (std::vector<std::string>{root.file("listed.png"), root.file("photo.jpg"),
-                                                 root.file("PHOTO.JPG")}));
+  EXPECT_EQ(list.rows,
+            (std::vector<std::string>{root.file("listed.png"), root.file("photo.jpg"), root.file("PHOTO.JPG")}));
   EXPECT_TRUE(IsInList(list, root.file("PHOTO.JPG")));
   EXPECT_FALSE(IsInList(list, root.file("Photo.jpg")));
 }

@@ -7,7 +7,9 @@
 namespace velmora::controls {
 namespace {
 
-QFont HostFont() { return QFont("DejaVu Sans", 9); }
+QFont HostFont() {
+  return QFont("DejaVu Sans", 9);
+}
 
 TEST(ButtonPersistence, KeysInTheirOrder) {
   EXPECT_EQ(button_property_keys().join(','),
@@ -34,8 +36,7 @@ TEST(ButtonPersistence, ChangedValuesAreWrittenInKeyOrder) {
   props.BackColorHover = 0x123456;
   PropertyBag bag;
   write_button_properties(props, "Button1", HostFont(), bag);
-  EXPECT_EQ(bag.keys(),
-            (QStringList{"ButtonShape", "BackColorHover", "Caption", "Font", "MousePointer"}));
+  EXPECT_EQ(bag.keys(), (QStringList{"ButtonShape", "BackColorHover", "Caption", "Font", "MousePointer"}));
 }
 
 TEST(ButtonPersistence, UnsetBagReadsDefaultsWithOwnNameAndHostFont) {

@@ -117,9 +117,7 @@ class ButtonCaptionTest : public ::testing::Test {
     ButtonProperties copy = props;
     return redraw_button(copy, state, size);
   }
-  QSize Extent() const {
-    return caption_extent(props.Caption, props.Font, QImage(1, 1, QImage::Format_ARGB32));
-  }
+  QSize Extent() const { return caption_extent(props.Caption, props.Font, QImage(1, 1, QImage::Format_ARGB32)); }
 
   ButtonProperties props = new_button_properties(QString());
 };
@@ -130,8 +128,7 @@ TEST_F(ButtonCaptionTest, CentredInTheForeColour) {
   const QPoint at = place_item(align::kCenter, {80, 33}, extent, kCaptionMargin);
   EXPECT_EQ(frame.caption_box, QRect(at, extent));
   EXPECT_GT(CountColor(frame.image, frame.caption_box, 0), 10);
-  EXPECT_EQ(CountColor(frame.image, QRect(0, 0, 80, 33), 0),
-            CountColor(frame.image, frame.caption_box, 0));
+  EXPECT_EQ(CountColor(frame.image, QRect(0, 0, 80, 33), 0), CountColor(frame.image, frame.caption_box, 0));
 }
 
 TEST_F(ButtonCaptionTest, EmptyCaptionIsSkipped) {
@@ -166,8 +163,7 @@ TEST_F(ButtonCaptionTest, EffectsDrawInTheEffectColour) {
   for (int effect = 1; effect <= 3; ++effect) {
     props.CaptionEffect = effect;
     const ButtonFrame frame = Draw();
-    EXPECT_GT(CountColor(frame.image, frame.caption_box.adjusted(-1, -1, 1, 1), 0x00FF00), 0)
-        << "effect " << effect;
+    EXPECT_GT(CountColor(frame.image, frame.caption_box.adjusted(-1, -1, 1, 1), 0x00FF00), 0) << "effect " << effect;
   }
   // What stays visible of a shadow lies on its side of the strokes.
   auto centroid = [](const QImage& image, const QRect& box, OleColor color) {

@@ -33,15 +33,9 @@ void Check(int shape, const std::vector<Probe>& probes, QSize size = {60, 60}) {
   for (const Probe& p : probes) {
     SCOPED_TRACE(::testing::Message() << "shape " << shape << " at " << p.x << "," << p.y);
     switch (p.kind) {
-      case Probe::Outside:
-        EXPECT_TRUE(PixelTransparent(image, p.x, p.y));
-        break;
-      case Probe::Face:
-        EXPECT_TRUE(PixelIs(image, p.x, p.y, kFace));
-        break;
-      case Probe::Line:
-        EXPECT_TRUE(PixelIs(image, p.x, p.y, kLine));
-        break;
+      case Probe::Outside: EXPECT_TRUE(PixelTransparent(image, p.x, p.y)); break;
+      case Probe::Face: EXPECT_TRUE(PixelIs(image, p.x, p.y, kFace)); break;
+      case Probe::Line: EXPECT_TRUE(PixelIs(image, p.x, p.y, kLine)); break;
     }
   }
 }
@@ -51,21 +45,12 @@ constexpr auto F = Probe::Face;
 constexpr auto L = Probe::Line;
 
 TEST(ButtonShapes, Rectangle) {
-  Check(0, {{0, 0, L}, {79, 32, L}, {79, 16, L}, {40, 0, L}, {1, 1, F}, {40, 16, F}, {78, 31, F}},
-        {80, 33});
+  Check(0, {{0, 0, L}, {79, 32, L}, {79, 16, L}, {40, 0, L}, {1, 1, F}, {40, 16, F}, {78, 31, F}}, {80, 33});
 }
 
 TEST(ButtonShapes, RoundedRectangle) {
   Check(1,
-        {{4, 0, O},
-         {5, 0, L},
-         {0, 7, L},
-         {0, 16, L},
-         {1, 16, F},
-         {40, 16, F},
-         {79, 32, O},
-         {79, 16, L},
-         {40, 32, L}},
+        {{4, 0, O}, {5, 0, L}, {0, 7, L}, {0, 16, L}, {1, 16, F}, {40, 16, F}, {79, 32, O}, {79, 16, L}, {40, 32, L}},
         {80, 33});
 }
 

@@ -266,8 +266,8 @@ TEST(ButtonDropDown, ChevronsAtTheRightOrLeftEdge) {
   props.DropDown = dropdown::kRight;
   const QImage right = redraw_button(props, ButtonState{}, {80, 33}).image;
   // Origin (80 - 21, 33/2 - 8) = (59, 8).
-  for (QPoint p : {QPoint(6, 5), QPoint(8, 7), QPoint(9, 8), QPoint(11, 6), QPoint(12, 5),
-                   QPoint(7, 5), QPoint(6, 9), QPoint(9, 12), QPoint(12, 9), QPoint(9, 11)}) {
+  for (QPoint p : {QPoint(6, 5), QPoint(8, 7), QPoint(9, 8), QPoint(11, 6), QPoint(12, 5), QPoint(7, 5), QPoint(6, 9),
+                   QPoint(9, 12), QPoint(12, 9), QPoint(9, 11)}) {
     EXPECT_TRUE(PixelIs(right, 59 + p.x(), 8 + p.y(), kBlack)) << p.x() << "," << p.y();
   }
   EXPECT_TRUE(PixelIs(right, 59 + 13, 8 + 4, kFace));  // lines stop short of their end

@@ -5,9 +5,15 @@
 namespace velmora::controls {
 namespace {
 
-ButtonAction Redraw() { return {ButtonActionKind::Redraw, {}}; }
-ButtonAction Capture() { return {ButtonActionKind::SetCapture, {}}; }
-ButtonAction Release() { return {ButtonActionKind::ReleaseCapture, {}}; }
+ButtonAction Redraw() {
+  return {ButtonActionKind::Redraw, {}};
+}
+ButtonAction Capture() {
+  return {ButtonActionKind::SetCapture, {}};
+}
+ButtonAction Release() {
+  return {ButtonActionKind::ReleaseCapture, {}};
+}
 ButtonAction Raise(ButtonEventKind kind, int a = 0, int b = 0, int c = 0, int d = 0) {
   ButtonAction action{ButtonActionKind::Raise, {}};
   action.event = {kind, {a, b, c, d}};
@@ -36,8 +42,7 @@ TEST_F(ButtonStateMachineTest, StartsNormal) {
 
 TEST_F(ButtonStateMachineTest, PointerEnteringTakesCaptureRedrawsAndRaisesMove) {
   const ButtonActions actions = machine.mouse_move(props, 0, 1, 10, 12, 80, 33);
-  EXPECT_EQ(actions,
-            (ButtonActions{Capture(), Redraw(), Raise(ButtonEventKind::MouseMove, 0, 1, 10, 12)}));
+  EXPECT_EQ(actions, (ButtonActions{Capture(), Redraw(), Raise(ButtonEventKind::MouseMove, 0, 1, 10, 12)}));
   EXPECT_TRUE(machine.state().Hover);
   EXPECT_TRUE(machine.captured());
 }
@@ -64,15 +69,13 @@ TEST_F(ButtonStateMachineTest, DraggingOffClearsPressedAndReleasesCapture) {
   machine.mouse_down(props, 1, 0, 10, 10);
   ASSERT_TRUE(machine.state().Pressed);
   const ButtonActions off = machine.mouse_move(props, 1, 0, 100, 10, 80, 33);
-  EXPECT_EQ(off,
-            (ButtonActions{Release(), Redraw(), Raise(ButtonEventKind::MouseMove, 1, 0, 100, 10)}));
+  EXPECT_EQ(off, (ButtonActions{Release(), Redraw(), Raise(ButtonEventKind::MouseMove, 1, 0, 100, 10)}));
   EXPECT_FALSE(machine.state().Pressed);
   EXPECT_FALSE(machine.state().Hover);
   EXPECT_FALSE(machine.captured());
   // Releasing outside takes the capture back and still reports the mouse up.
   const ButtonActions up = machine.mouse_up(props, 1, 0, 100, 10);
-  EXPECT_EQ(up,
-            (ButtonActions{Capture(), Redraw(), Raise(ButtonEventKind::MouseUp, 1, 0, 100, 10)}));
+  EXPECT_EQ(up, (ButtonActions{Capture(), Redraw(), Raise(ButtonEventKind::MouseUp, 1, 0, 100, 10)}));
 }
 
 TEST_F(ButtonStateMachineTest, SlidingBackOnAHeldButtonDoesNotPressIt) {
@@ -142,8 +145,7 @@ TEST_F(ButtonStateMachineTest, DoubleClickPresses) {
 }
 
 TEST_F(ButtonStateMachineTest, EnterReleaseLeavesTheButtonDownAndReportsAMouseDown) {
-  EXPECT_EQ(machine.key_down(props, kKeyEnter, 0),
-            (ButtonActions{Redraw(), Raise(ButtonEventKind::KeyDown, 13, 0)}));
+  EXPECT_EQ(machine.key_down(props, kKeyEnter, 0), (ButtonActions{Redraw(), Raise(ButtonEventKind::KeyDown, 13, 0)}));
   EXPECT_TRUE(machine.state().Pressed);
   EXPECT_EQ(machine.key_up(props, kKeyEnter, 1),
             (ButtonActions{Redraw(), Redraw(), Raise(ButtonEventKind::MouseDown, 0, 0, 0, 0),
@@ -154,8 +156,7 @@ TEST_F(ButtonStateMachineTest, EnterReleaseLeavesTheButtonDownAndReportsAMouseDo
 TEST_F(ButtonStateMachineTest, SpaceReleaseRaisesNoClick) {
   machine.key_down(props, kKeySpace, 0);
   EXPECT_TRUE(machine.state().Pressed);
-  EXPECT_EQ(machine.key_up(props, kKeySpace, 0),
-            (ButtonActions{Redraw(), Raise(ButtonEventKind::KeyUp, 32, 0)}));
+  EXPECT_EQ(machine.key_up(props, kKeySpace, 0), (ButtonActions{Redraw(), Raise(ButtonEventKind::KeyUp, 32, 0)}));
   EXPECT_FALSE(machine.state().Pressed);
 }
 
@@ -168,8 +169,7 @@ TEST_F(ButtonStateMachineTest, OtherKeysOnlyReport) {
 
 TEST_F(ButtonStateMachineTest, AnyKeyUpLiftsAPressedButton) {
   machine.mouse_down(props, 1, 0, 1, 1);
-  EXPECT_EQ(machine.key_up(props, 65, 0),
-            (ButtonActions{Redraw(), Raise(ButtonEventKind::KeyUp, 65, 0)}));
+  EXPECT_EQ(machine.key_up(props, 65, 0), (ButtonActions{Redraw(), Raise(ButtonEventKind::KeyUp, 65, 0)}));
   EXPECT_FALSE(machine.state().Pressed);
 }
 

@@ -22,10 +22,8 @@ class ButtonWidgetTest : public ::testing::Test {
     QObject::connect(&button, &Button::doubleClicked, [this] { log << "DblClick"; });
     QObject::connect(&button, &Button::keyDown,
                      [this](int k, int s) { log << QString("KeyDown %1 %2").arg(k).arg(s); });
-    QObject::connect(&button, &Button::keyPress,
-                     [this](int k) { log << QString("KeyPress %1").arg(k); });
-    QObject::connect(&button, &Button::keyUp,
-                     [this](int k, int s) { log << QString("KeyUp %1 %2").arg(k).arg(s); });
+    QObject::connect(&button, &Button::keyPress, [this](int k) { log << QString("KeyPress %1").arg(k); });
+    QObject::connect(&button, &Button::keyUp, [this](int k, int s) { log << QString("KeyUp %1 %2").arg(k).arg(s); });
     auto mouse = [this](const char* name) {
       return [this, name](int b, int s, int x, int y) {
         log << QString("%1 %2 %3 %4 %5").arg(name).arg(b).arg(s).arg(x).arg(y);
@@ -89,8 +87,7 @@ TEST_F(ButtonWidgetTest, MouseClickRaisesEventsInOrder) {
   Mouse(QEvent::MouseMove, {10, 10}, Qt::NoButton, Qt::NoButton);
   EXPECT_TRUE(button.state().Hover);
   ClickAt({10, 10});
-  EXPECT_EQ(log, (QStringList{"MouseMove 0 0 10 10", "MouseDown 1 0 10 10", "MouseUp 1 0 10 10",
-                              "Click"}));
+  EXPECT_EQ(log, (QStringList{"MouseMove 0 0 10 10", "MouseDown 1 0 10 10", "MouseUp 1 0 10 10", "Click"}));
   EXPECT_FALSE(button.state().Pressed);
 }
 
@@ -108,8 +105,7 @@ TEST_F(ButtonWidgetTest, DoubleClickRaisesOneClick) {
   ClickAt({5, 5});
   Mouse(QEvent::MouseButtonDblClick, {5, 5});
   Mouse(QEvent::MouseButtonRelease, {5, 5}, Qt::LeftButton, Qt::NoButton);
-  EXPECT_EQ(log, (QStringList{"MouseDown 1 0 5 5", "MouseUp 1 0 5 5", "Click", "DblClick",
-                              "MouseUp 1 0 5 5"}));
+  EXPECT_EQ(log, (QStringList{"MouseDown 1 0 5 5", "MouseUp 1 0 5 5", "Click", "DblClick", "MouseUp 1 0 5 5"}));
 }
 
 TEST_F(ButtonWidgetTest, ToggleChecksAndClears) {
@@ -160,8 +156,7 @@ TEST_F(ButtonWidgetTest, HandCursorOverTheControl) {
 
 TEST_F(ButtonWidgetTest, SettersReportTheChangedProperty) {
   QStringList changed;
-  QObject::connect(&button, &Button::propertyChanged,
-                   [&changed](const QString& n) { changed << n; });
+  QObject::connect(&button, &Button::propertyChanged, [&changed](const QString& n) { changed << n; });
   button.setButtonStyleColors(2);
   button.setButtonStyle(4);
   EXPECT_EQ(button.ButtonStyleColors(), 1);
@@ -206,27 +201,22 @@ TEST_F(ButtonWidgetTest, DropsAreOfferedToTheForm) {
   data.setText("x");
   int refuse = 0;
   QStringList seen;
-  QObject::connect(&button, &Button::oleDragOver,
-                   [&](const QMimeData*, int* effect, int, int, int x, int, int state) {
-                     seen << QString("over %1 %2 %3").arg(*effect).arg(x).arg(state);
-                     if (refuse != 0) *effect = 0;
-                   });
-  QObject::connect(&button, &Button::oleDragDrop,
-                   [&](const QMimeData* d, int* effect, int, int, int, int) {
-                     seen << QString("drop %1 %2").arg(*effect).arg(d->text());
-                     *effect = 2;
-                   });
-  QDragEnterEvent enter(QPoint(5, 6), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
-                        Qt::NoModifier);
+  QObject::connect(&button, &Button::oleDragOver, [&](const QMimeData*, int* effect, int, int, int x, int, int state) {
+    seen << QString("over %1 %2 %3").arg(*effect).arg(x).arg(state);
+    if (refuse != 0) *effect = 0;
+  });
+  QObject::connect(&button, &Button::oleDragDrop, [&](const QMimeData* d, int* effect, int, int, int, int) {
+    seen << QString("drop %1 %2").arg(*effect).arg(d->text());
+    *effect = 2;
+  });
+  QDragEnterEvent enter(QPoint(5, 6), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
   QCoreApplication::sendEvent(&button, &enter);
   EXPECT_TRUE(enter.isAccepted());
   refuse = 1;
-  QDragMoveEvent move(QPoint(7, 6), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
-                      Qt::NoModifier);
+  QDragMoveEvent move(QPoint(7, 6), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
   QCoreApplication::sendEvent(&button, &move);
   EXPECT_FALSE(move.isAccepted());
-  QDropEvent drop(QPointF(7, 6), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
-                  Qt::NoModifier);
+  QDropEvent drop(QPointF(7, 6), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
   QCoreApplication::sendEvent(&button, &drop);
   EXPECT_TRUE(drop.isAccepted());
   EXPECT_EQ(drop.dropAction(), Qt::MoveAction);

@@ -109,16 +109,14 @@ TEST(LabelEnabled, GrayWhileDisabledAndTheSetColourAfter) {
 }
 
 TEST(LabelDefaults, NewControlAndStoredForm) {
-  const LabelProperties fresh =
-      new_label_properties("lblFile", 0x00FFFFFF, 0x00000001, QFont("DejaVu Sans"));
+  const LabelProperties fresh = new_label_properties("lblFile", 0x00FFFFFF, 0x00000001, QFont("DejaVu Sans"));
   EXPECT_EQ(fresh.Caption, "lblFile");
   EXPECT_EQ(fresh.BackStyle, kBackTransparent);
   EXPECT_EQ(fresh.BackColor, 0x00FFFFFFu);
   EXPECT_EQ(fresh.ForeColor, 0x00000001u);
   EXPECT_TRUE(fresh.AutoSize);
   EXPECT_TRUE(fresh.UseMnemonic);
-  const LabelProperties stored =
-      read_label_properties(PropertyBag(), "lblFile", QFont("DejaVu Serif"));
+  const LabelProperties stored = read_label_properties(PropertyBag(), "lblFile", QFont("DejaVu Serif"));
   EXPECT_EQ(stored.Caption, "lblFile");
   EXPECT_EQ(stored.BackStyle, kBackOpaque);
   EXPECT_EQ(stored.BackColor, 0x8000000Fu);

@@ -14,8 +14,8 @@
 namespace velmora::controls::testing {
 
 inline std::string describe(QRgb c) {
-  return "rgba(" + std::to_string(qRed(c)) + "," + std::to_string(qGreen(c)) + "," +
-         std::to_string(qBlue(c)) + "," + std::to_string(qAlpha(c)) + ")";
+  return "rgba(" + std::to_string(qRed(c)) + "," + std::to_string(qGreen(c)) + "," + std::to_string(qBlue(c)) + "," +
+         std::to_string(qAlpha(c)) + ")";
 }
 
 // Exact opaque colour of a 0x00BBGGRR value at a pixel.
@@ -23,20 +23,19 @@ inline ::testing::AssertionResult PixelIs(const QImage& image, int x, int y, Ole
   const QRgb actual = image.pixel(x, y);
   const QRgb expected = to_rgb(color);
   if (actual == expected) return ::testing::AssertionSuccess();
-  return ::testing::AssertionFailure() << "pixel (" << x << "," << y << ") is " << describe(actual)
-                                       << ", expected " << describe(expected);
+  return ::testing::AssertionFailure() << "pixel (" << x << "," << y << ") is " << describe(actual) << ", expected "
+                                       << describe(expected);
 }
 
 inline ::testing::AssertionResult PixelTransparent(const QImage& image, int x, int y) {
   const QRgb actual = image.pixel(x, y);
   if (qAlpha(actual) == 0) return ::testing::AssertionSuccess();
-  return ::testing::AssertionFailure()
-         << "pixel (" << x << "," << y << ") is " << describe(actual) << ", expected transparent";
+  return ::testing::AssertionFailure() << "pixel (" << x << "," << y << ") is " << describe(actual)
+                                       << ", expected transparent";
 }
 
 // Each channel within `tolerance` of the colour's.
-inline ::testing::AssertionResult PixelNear(const QImage& image, int x, int y, OleColor color,
-                                            int tolerance) {
+inline ::testing::AssertionResult PixelNear(const QImage& image, int x, int y, OleColor color, int tolerance) {
   const QRgb actual = image.pixel(x, y);
   const QRgb expected = to_rgb(color);
   if (std::abs(qRed(actual) - qRed(expected)) <= tolerance &&

@@ -66,8 +66,7 @@ TEST(PropertyBag, TextRoundTripKeepsEveryKind) {
 }
 
 TEST(PropertyBag, ParseStopsAtTheFirstBadLine) {
-  const PropertyBagParse parsed =
-      parse_property_bag("ButtonShape = 2\n\nCaption = \"open\nButtonStyle = 3\n");
+  const PropertyBagParse parsed = parse_property_bag("ButtonShape = 2\n\nCaption = \"open\nButtonStyle = 3\n");
   EXPECT_FALSE(parsed.ok());
   EXPECT_EQ(parsed.error_line, 3);
   EXPECT_EQ(parsed.bag.keys(), QStringList{"ButtonShape"});
@@ -84,8 +83,7 @@ TEST(OleColor, TranslatesSystemColoursThroughTheFixedPalette) {
   EXPECT_EQ(translate_color(0x80000011), ole_rgb(109, 109, 109));
   EXPECT_EQ(translate_color(0x80000040), 0u);
   EXPECT_EQ(translate_color(0x01336699), 0x336699u);
-  EXPECT_EQ(to_rgb(0x00FF8040),
-            qRgb(0x40, 0x80, 0xFF));  // bytes are red, green, blue from the low end
+  EXPECT_EQ(to_rgb(0x00FF8040), qRgb(0x40, 0x80, 0xFF));  // bytes are red, green, blue from the low end
   EXPECT_EQ(ole_from_qcolor(QColor(0x40, 0x80, 0xFF)), 0x00FF8040u);
 }
 

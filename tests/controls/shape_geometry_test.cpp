@@ -23,8 +23,7 @@ TEST(SurfaceSize, NeverUnder375Twips) {
 }
 
 TEST(ShapePolygon, PointsInRegionOrderWithHalvesToEven) {
-  EXPECT_EQ(shape_polygon(shape::kDiamond, 60, 60),
-            QPolygon({{60, 30}, {30, 0}, {0, 30}, {30, 60}}));
+  EXPECT_EQ(shape_polygon(shape::kDiamond, 60, 60), QPolygon({{60, 30}, {30, 0}, {0, 30}, {30, 60}}));
   EXPECT_EQ(shape_polygon(shape::kTriangleDown, 60, 60), QPolygon({{0, 1}, {30, 60}, {60, 1}}));
   EXPECT_EQ(shape_polygon(shape::kArrowUp, 60, 60),
             QPolygon({{30, 0}, {0, 40}, {20, 40}, {20, 60}, {40, 60}, {40, 40}, {60, 40}}));
@@ -86,9 +85,7 @@ TEST(ShapeRings, RectangleRimsLightTheTopAndLeftShadowTheRest) {
   ShapeRings rings(shape::kRectangle, 20, 10);
   const std::vector<QPoint> lit = rings.rim(1, RimSide::Lit);
   const std::vector<QPoint> shadow = rings.rim(1, RimSide::Shadow);
-  auto has = [](const std::vector<QPoint>& v, QPoint p) {
-    return std::find(v.begin(), v.end(), p) != v.end();
-  };
+  auto has = [](const std::vector<QPoint>& v, QPoint p) { return std::find(v.begin(), v.end(), p) != v.end(); };
   EXPECT_TRUE(has(lit, {1, 1}));
   EXPECT_TRUE(has(lit, {10, 1}));
   EXPECT_TRUE(has(lit, {1, 5}));

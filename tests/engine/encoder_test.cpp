@@ -26,7 +26,7 @@ TEST(SaveFlags, TiffOrsCompressionIntoWhatCameBefore) {
   EXPECT_EQ(NextSaveFlags(0, Choices(5, 1, 7)), 0);       // "JPEG" row adds nothing
   const std::int32_t first = NextSaveFlags(0, Choices(5, 1, 1));
   EXPECT_EQ(first, 0x0100);
-  EXPECT_EQ(NextSaveFlags(first, Choices(5, 1, 1)), 0x0100);  // or-ing again changes nothing
+  EXPECT_EQ(NextSaveFlags(first, Choices(5, 1, 1)), 0x0100);   // or-ing again changes nothing
   EXPECT_EQ(NextSaveFlags(0x4000, Choices(5, 1, 2)), 0x4200);  // earlier bits stay
 }
 

@@ -10,8 +10,7 @@ namespace {
 
 TEST(ExpandTemplate, ReplacesTokensWithoutRegardToCase) {
   EXPECT_EQ(ExpandTemplate("/out/", "{TITLE}.{OutPutType}", "/src/a.b.c.png", "jpg", 0), "/out/a.b.c.jpg");
-  EXPECT_EQ(ExpandTemplate("/out/", "{Title}_{Counter}.{OutputType}", "/src/pic.png", "tif", 4),
-            "/out/pic_004.tif");
+  EXPECT_EQ(ExpandTemplate("/out/", "{Title}_{Counter}.{OutputType}", "/src/pic.png", "tif", 4), "/out/pic_004.tif");
   EXPECT_EQ(ExpandTemplate("/out/", "{title}{title}-{unknown}", "/src/p.gif", "png", 0), "/out/pp-{unknown}");
 }
 

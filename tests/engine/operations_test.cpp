@@ -53,7 +53,7 @@ TEST_F(Operations, ResizePercentRoundsHalvesToEven) {
   EXPECT_EQ(facts.width, 500u);
   EXPECT_EQ(facts.height, 166u);  // 166.5
   facts = Convert(101, 67, {Resize(50, 50, 1, false)});
-  EXPECT_EQ(facts.width, 50u);  // 50.5
+  EXPECT_EQ(facts.width, 50u);   // 50.5
   EXPECT_EQ(facts.height, 34u);  // 33.5
 }
 

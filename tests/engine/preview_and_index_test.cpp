@@ -27,7 +27,7 @@ TEST(FitPreview, TallPagesFitTheHeight) {
 
 TEST(FitPreview, WidePageTallerThanFrameFitsTheWidth) {
   const FitResult fit = FitPreview(350, 340, 400, 300);
-  EXPECT_EQ(fit.width, 400);  // never mind that this enlarges: the rule says so
+  EXPECT_EQ(fit.width, 400);   // never mind that this enlarges: the rule says so
   EXPECT_EQ(fit.height, 389);  // 340/350 of 400 is 388.57
 }
 
@@ -41,8 +41,8 @@ TEST(HtmlIndex, FourCellsGiveOneClosedRowAndOneOpenRow) {
   const std::string cell_a = "\r\n<br><img src='a.jpg' border=0 width='200px'><br><a href='a.jpg'>a.jpg</a></p></td>";
   const std::string empty_cell = "\r\n<br><img src='' border=0 width='200px'><br><a href=''></a></p></td>";
   const std::string expected =
-      HtmlHeader() + "<table cellpadding='0' cellspacing='0'>" + "<tr><td width='20%'><p align='center'>" +
-      cell_a + "<td width='20%'><p align='center'>" +
+      HtmlHeader() + "<table cellpadding='0' cellspacing='0'>" + "<tr><td width='20%'><p align='center'>" + cell_a +
+      "<td width='20%'><p align='center'>" +
       "\r\n<br><img src='b.jpg' border=0 width='200px'><br><a href='b.jpg'>b.jpg</a></p></td>" +
       "<td width='20%'><p align='center'>" + empty_cell + "</tr>" + "<tr><td width='20%'><p align='center'>" +
       "\r\n<br><img src='d.jpg' border=0 width='200px'><br><a href='d.jpg'>d.jpg</a></p></td>" + "</table>" +

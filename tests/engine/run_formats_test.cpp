@@ -21,13 +21,12 @@ struct FormatCase {
 
 std::vector<FormatCase> AllFormatCases() {
   return {
-      {0, 0, FIF_BMP, 32}, {0, 1, FIF_BMP, 24}, {0, 2, FIF_BMP, 16}, {0, 3, FIF_BMP, 16},
-      {0, 4, FIF_BMP, 8},  {0, 5, FIF_BMP, 4},  {0, 6, FIF_BMP, 1},  {1, 0, FIF_JPEG, 24},
-      {1, 1, FIF_JPEG, 24}, {1, 2, FIF_JPEG, 8}, {2, 0, FIF_GIF, 8},  {3, 0, FIF_PNG, 32},
-      {3, 1, FIF_PNG, 24}, {3, 2, FIF_PNG, 8},  {3, 3, FIF_PNG, 4},  {3, 4, FIF_PNG, 1},
-      {4, 0, FIF_TARGA, 32}, {4, 1, FIF_TARGA, 24}, {4, 2, FIF_TARGA, 16}, {4, 3, FIF_TARGA, 16},
-      {4, 4, FIF_TARGA, 8}, {5, 0, FIF_TIFF, 32}, {5, 1, FIF_TIFF, 24}, {5, 2, FIF_TIFF, 8},
-      {5, 3, FIF_TIFF, 4}, {5, 4, FIF_TIFF, 1}, {5, 5, FIF_TIFF, 0}, {6, 0, FIF_EXR, 0},
+      {0, 0, FIF_BMP, 32},  {0, 1, FIF_BMP, 24},   {0, 2, FIF_BMP, 16},   {0, 3, FIF_BMP, 16},   {0, 4, FIF_BMP, 8},
+      {0, 5, FIF_BMP, 4},   {0, 6, FIF_BMP, 1},    {1, 0, FIF_JPEG, 24},  {1, 1, FIF_JPEG, 24},  {1, 2, FIF_JPEG, 8},
+      {2, 0, FIF_GIF, 8},   {3, 0, FIF_PNG, 32},   {3, 1, FIF_PNG, 24},   {3, 2, FIF_PNG, 8},    {3, 3, FIF_PNG, 4},
+      {3, 4, FIF_PNG, 1},   {4, 0, FIF_TARGA, 32}, {4, 1, FIF_TARGA, 24}, {4, 2, FIF_TARGA, 16}, {4, 3, FIF_TARGA, 16},
+      {4, 4, FIF_TARGA, 8}, {5, 0, FIF_TIFF, 32},  {5, 1, FIF_TIFF, 24},  {5, 2, FIF_TIFF, 8},   {5, 3, FIF_TIFF, 4},
+      {5, 4, FIF_TIFF, 1},  {5, 5, FIF_TIFF, 0},   {6, 0, FIF_EXR, 0},
   };
 }
 
@@ -78,7 +77,9 @@ class RunFormats : public ::testing::Test {
 testing::TempFolder* RunFormats::samples_ = nullptr;
 std::vector<Source> RunFormats::sources_;
 
-TEST_F(RunFormats, SampleSetIsComplete) { EXPECT_EQ(sources_.size(), 8u); }
+TEST_F(RunFormats, SampleSetIsComplete) {
+  EXPECT_EQ(sources_.size(), 8u);
+}
 
 TEST_F(RunFormats, EveryFormatAndDepthOfEverySampleReadsBack) {
   const Blocks chain = ChainOfAllKinds(samples_->file("mark.jpg"));

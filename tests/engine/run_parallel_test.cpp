@@ -72,8 +72,13 @@ class ParallelRun : public ::testing::Test {
     AppState state = Job(out.slash(), policy, format, multipage);
     testing::RecordingView view;
     GoProcess2(state, SourceList{rows_, -1}, view, RunOptions{jobs});
-    RunOutcome outcome{ReadFolder(out.path()), state.WrittenFiles.Entries(), view.statuses, view.wait_labels,
-                       view.failures, view.files, state.font};
+    RunOutcome outcome{ReadFolder(out.path()),
+                       state.WrittenFiles.Entries(),
+                       view.statuses,
+                       view.wait_labels,
+                       view.failures,
+                       view.files,
+                       state.font};
     for (std::string& path : outcome.written) path = std::filesystem::relative(path, out.path()).string();
     return outcome;
   }
@@ -102,9 +107,15 @@ class ParallelRun : public ::testing::Test {
 testing::TempFolder* ParallelRun::samples_ = nullptr;
 std::vector<std::string> ParallelRun::rows_;
 
-TEST_F(ParallelRun, AutoRenameToJpegWithPageFiles) { ExpectSameOutcome(2, 1, 0); }
-TEST_F(ParallelRun, OverwriteToMultipageTiff) { ExpectSameOutcome(1, 5, 1); }
-TEST_F(ParallelRun, SkipToAnimatedGif) { ExpectSameOutcome(0, 2, 1); }
+TEST_F(ParallelRun, AutoRenameToJpegWithPageFiles) {
+  ExpectSameOutcome(2, 1, 0);
+}
+TEST_F(ParallelRun, OverwriteToMultipageTiff) {
+  ExpectSameOutcome(1, 5, 1);
+}
+TEST_F(ParallelRun, SkipToAnimatedGif) {
+  ExpectSameOutcome(0, 2, 1);
+}
 
 TEST_F(ParallelRun, JobThatCarriesPageStateStillMatches) {
   // A resize of unknown units reuses the size the previous page computed.

@@ -54,7 +54,8 @@ TEST(RunStatus, UnreadableSourceCountsAsProcessedAndIsLogged) {
   const testing::RecordingView view = RunJob(state, {src.file("broken.jpg"), src.file("good.bmp")});
   EXPECT_EQ(view.LastStatus(), "Completed.");
   EXPECT_EQ(view.LastFile(), "2 file(s) processed.");
-  EXPECT_EQ(state.WrittenFiles.Entries(), (std::vector<std::string>{out.file("broken_000.jpg"), out.file("good_001.jpg")}));
+  EXPECT_EQ(state.WrittenFiles.Entries(),
+            (std::vector<std::string>{out.file("broken_000.jpg"), out.file("good_001.jpg")}));
   EXPECT_FALSE(std::filesystem::exists(out.file("broken_000.jpg")));
   EXPECT_TRUE(testing::ReadImageFacts(out.file("good_001.jpg")).readable);
   ASSERT_FALSE(view.failures.empty());

@@ -29,8 +29,8 @@ TEST(PixelwiseEffects, MosaicFillsBlocksFromTheTopLeftWithTheirMean) {
   for (int y = 0; y < 7; ++y) {
     for (int x = 0; x < 10; ++x) EXPECT_EQ(PixelAt(page.get(), x, y), PixelAt(page.get(), x - x % 4, y - y % 4));
   }
-  EXPECT_EQ(PixelAt(page.get(), 0, 0), (Rgba{15, 30, 2, 9}));     // blue 36 / 16
-  EXPECT_EQ(PixelAt(page.get(), 8, 4), (Rgba{85, 100, 42, 9}));   // blue 255 / 6, half to even
+  EXPECT_EQ(PixelAt(page.get(), 0, 0), (Rgba{15, 30, 2, 9}));    // blue 36 / 16
+  EXPECT_EQ(PixelAt(page.get(), 8, 4), (Rgba{85, 100, 42, 9}));  // blue 255 / 6, half to even
 }
 
 TEST(PixelwiseEffects, MosaicOfOnePixelKeepsThePageAndOneLargerThanItAveragesAll) {

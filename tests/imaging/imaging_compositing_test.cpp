@@ -19,7 +19,9 @@ using testing_pages::Rgba;
 constexpr Rgba kBlue{0, 0, 255, 255}, kRed{255, 0, 0, 255}, kWhite{255, 255, 255, 255};
 
 // The test watermark: white where x + y is even, red elsewhere, so the white key shows as a chequer.
-Rgba Mark(int x, int y) { return (x + y) % 2 == 0 ? kWhite : kRed; }
+Rgba Mark(int x, int y) {
+  return (x + y) % 2 == 0 ? kWhite : kRed;
+}
 
 class ImagingCompositing : public ::testing::Test {
  protected:
@@ -129,8 +131,10 @@ TEST_F(ImagingCompositing, EffectsRunOnTrueColourPagesMadeFromAnyDepth) {
       [](auto& l, Handle& h, CallResult& r) { l.EffectSharpen(h, -1, r); },
   };
   // Source file, whether to make it 1-bit first, and the depth the effect leaves.
-  for (const auto& [source, mono, bpp] :
-       {std::tuple{"photo.jpg", false, 24u}, {"photo.jpg", true, 24u}, {"deep.png", false, 24u}, {"alpha.png", false, 32u}}) {
+  for (const auto& [source, mono, bpp] : {std::tuple{"photo.jpg", false, 24u},
+                                          {"photo.jpg", true, 24u},
+                                          {"deep.png", false, 24u},
+                                          {"alpha.png", false, 32u}}) {
     for (std::size_t e = 0; e < std::size(effects); ++e) {
       Handle page = testing_pages::LoadPage(library, folder.file(source));
       if (mono) library.ConvertToMono(page, page, 2, 128, result);

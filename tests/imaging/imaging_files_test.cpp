@@ -48,7 +48,7 @@ TEST_F(ImagingFiles, LoadReadsByContentAndIconsKeepTheirAlpha) {
   library.FreeImage_Load(folder.file("app.ico"), icon, kFormatIco, 1, result);
   ASSERT_NE(result, 0);
   EXPECT_EQ(FactsOf(library, icon).bpp, 32u);
-  EXPECT_EQ(PixelAt(library, icon, 0, 0).a, 0);     // outside the disc
+  EXPECT_EQ(PixelAt(library, icon, 0, 0).a, 0);      // outside the disc
   EXPECT_EQ(PixelAt(library, icon, 16, 16).a, 255);  // inside it
   library.FreeImage_Load(folder.file("fake.ico"), fake, kFormatIco, 1, result);
   EXPECT_EQ(FactsOf(library, fake).width, 5u);
@@ -87,7 +87,8 @@ TEST_F(ImagingFiles, FilesCutShortNeverHangAndGiveAtMostWhatIsThere) {
   ASSERT_TRUE(samples::WriteFloatExr(folder.file("full.exr"), 40, 30));
   for (const std::string extension : {"tif", "gif", "ico", "exr"}) {
     const std::string whole = testing::ReadWholeFile(folder.file("full." + extension));
-    for (const std::size_t keep : {std::size_t{5}, std::size_t{12}, std::size_t{30}, std::size_t{60}, whole.size() / 2}) {
+    for (const std::size_t keep :
+         {std::size_t{5}, std::size_t{12}, std::size_t{30}, std::size_t{60}, whole.size() / 2}) {
       const std::string name = "cut" + std::to_string(keep) + "." + extension;
       testing::WriteWholeFile(folder.file(name), whole.substr(0, keep));
       EXPECT_LE(Count(name), 3) << name;

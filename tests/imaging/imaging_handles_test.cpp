@@ -116,7 +116,9 @@ TEST(ImagingHandles, ThreadsSharingOneObjectEachGetTheirOwnPages) {
   ASSERT_TRUE(samples::WritePhotoJpeg(folder.file("photo.jpg"), 64, 48));
   ImagingLibrary library;
   constexpr int kThreads = 4, kRounds = 6;
-  const auto name = [&](int t, int round) { return folder.file(std::to_string(t) + "-" + std::to_string(round) + ".png"); };
+  const auto name = [&](int t, int round) {
+    return folder.file(std::to_string(t) + "-" + std::to_string(round) + ".png");
+  };
   std::vector<std::thread> workers;
   for (int t = 0; t < kThreads; ++t) {
     workers.emplace_back([&, t] {

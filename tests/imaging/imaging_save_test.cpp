@@ -28,16 +28,13 @@ struct Expected {
 Expected ExpectedFor(int format, unsigned bpp) {
   const bool deep = bpp == 48, floating = bpp == 96;
   switch (format) {
-    case kFormatBmp:
-      return {deep || floating ? 24u : bpp};
+    case kFormatBmp: return {deep || floating ? 24u : bpp};
     case kFormatJpeg:  // grey pages stay grey
       return {bpp <= 8 ? 8u : 24u};
     case kFormatGif:  // read back as 256-colour pages
       return {8};
-    case kFormatPng:
-      return deep ? Expected{48, FIT_RGB16} : Expected{floating || bpp == 16 ? 24u : bpp};
-    case kFormatTga:
-      return {bpp < 8 ? 8u : deep || floating ? 24u : bpp};
+    case kFormatPng: return deep ? Expected{48, FIT_RGB16} : Expected{floating || bpp == 16 ? 24u : bpp};
+    case kFormatTga: return {bpp < 8 ? 8u : deep || floating ? 24u : bpp};
     case kFormatTiff:
       if (deep) return {48, FIT_RGB16};
       return floating ? Expected{96, FIT_RGBF} : Expected{bpp == 16 ? 24u : bpp};
@@ -75,7 +72,7 @@ class ImagingSave : public ::testing::Test {
 
 TEST_F(ImagingSave, EveryFormatFromEveryPageKindWritesTheNearestDepth) {
   constexpr std::pair<int, FREE_IMAGE_FORMAT> kFormats[] = {
-      {kFormatBmp, FIF_BMP}, {kFormatJpeg, FIF_JPEG}, {kFormatGif, FIF_GIF},  {kFormatPng, FIF_PNG},
+      {kFormatBmp, FIF_BMP},   {kFormatJpeg, FIF_JPEG}, {kFormatGif, FIF_GIF}, {kFormatPng, FIF_PNG},
       {kFormatTga, FIF_TARGA}, {kFormatTiff, FIF_TIFF}, {kFormatExr, FIF_EXR},
   };
   for (const unsigned bpp : kKinds) {
@@ -104,7 +101,8 @@ TEST_F(ImagingSave, FlagsReachTheEncoderAndTheNumberDecidesTheFormat) {
   library.FreeImage_Save(page, folder.file("low.jpg"), kFormatJpeg, 5, -1, low);
   library.FreeImage_Save(page, folder.file("high.jpg"), kFormatJpeg, 100, -1, high);
   ASSERT_NE(low * high, 0);
-  EXPECT_LT(std::filesystem::file_size(folder.file("low.jpg")) * 3 / 2, std::filesystem::file_size(folder.file("high.jpg")));
+  EXPECT_LT(std::filesystem::file_size(folder.file("low.jpg")) * 3 / 2,
+            std::filesystem::file_size(folder.file("high.jpg")));
   // CMYK with LZW, and a fax compression that a colour page cannot take: a file all the same.
   for (const int flags : {0x4001, 0x2000, 0x0800 | 0x0100}) {
     const std::string path = folder.file("flags" + std::to_string(flags) + ".tif");

@@ -43,7 +43,8 @@ inline std::string WritePattern(const std::string& path, int width, int height,
 }
 
 inline std::string WriteSolid(const std::string& path, int width, int height, Rgba colour, bool alpha = false) {
-  return WritePattern(path, width, height, [colour](int, int) { return colour; }, alpha);
+  return WritePattern(
+      path, width, height, [colour](int, int) { return colour; }, alpha);
 }
 
 // Loads a file into a new handle, failing the test when it cannot.

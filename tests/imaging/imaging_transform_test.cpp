@@ -50,9 +50,10 @@ TEST_F(ImagingTransform, NearestCopiesThePixelUnderEachCentre) {
 
 TEST_F(ImagingTransform, NearestKeepsTheDepthAndBitsOfLowAndDeepPages) {
   const bool stripes[] = {false, true, true, false, true, false, false, true, true};
-  Handle mono = testing_pages::LoadPage(library, testing_pages::WritePattern(folder.file("s.png"), 9, 1, [&](int x, int) {
-    return stripes[x] ? Rgba{255, 255, 255, 255} : Rgba{0, 0, 0, 255};
-  }));
+  Handle mono =
+      testing_pages::LoadPage(library, testing_pages::WritePattern(folder.file("s.png"), 9, 1, [&](int x, int) {
+                                return stripes[x] ? Rgba{255, 255, 255, 255} : Rgba{0, 0, 0, 255};
+                              }));
   Handle four = 0;
   library.ConvertToMono(mono, mono, 2, 128, result);
   library.ConvertToIndexed4(mono, four, 4, result);

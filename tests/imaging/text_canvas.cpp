@@ -22,13 +22,14 @@ Canvas::Canvas(int width, int height, int bpp, Rgba fill)
   }
 }
 
-Canvas::~Canvas() { FreeImage_Unload(dib_); }
+Canvas::~Canvas() {
+  FreeImage_Unload(dib_);
+}
 
 Rgba Canvas::Pixel(int x, int y) const {
   const int bytes = static_cast<int>(FreeImage_GetBPP(dib_)) / 8;
   const BYTE* pixel = FreeImage_GetScanLine(dib_, height_ - 1 - y) + x * bytes;
-  return {pixel[FI_RGBA_RED], pixel[FI_RGBA_GREEN], pixel[FI_RGBA_BLUE],
-          bytes == 4 ? pixel[FI_RGBA_ALPHA] : 255};
+  return {pixel[FI_RGBA_RED], pixel[FI_RGBA_GREEN], pixel[FI_RGBA_BLUE], bytes == 4 ? pixel[FI_RGBA_ALPHA] : 255};
 }
 
 namespace {
@@ -81,8 +82,7 @@ bool Canvas::SamePixels(const Canvas& other) const {
   if (width_ != other.width_ || height_ != other.height_) return false;
   const unsigned line = FreeImage_GetLine(dib_);
   for (int y = 0; y < height_; ++y) {
-    if (std::memcmp(FreeImage_GetScanLine(dib_, y), FreeImage_GetScanLine(other.dib_, y), line) !=
-        0) {
+    if (std::memcmp(FreeImage_GetScanLine(dib_, y), FreeImage_GetScanLine(other.dib_, y), line) != 0) {
       return false;
     }
   }

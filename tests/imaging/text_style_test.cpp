@@ -13,8 +13,7 @@ using imaging::text::DrawText;
 
 bool NotoMonoInstalled() {
   imaging::text::FontLocation found;
-  return imaging::text::FindFont("Noto Mono", false, false, found) &&
-         found.file.find("NotoMono") != std::string::npos;
+  return imaging::text::FindFont("Noto Mono", false, false, found) && found.file.find("NotoMono") != std::string::npos;
 }
 
 TEST(TextStyle, BoldLaysMoreInkThanRegular) {
@@ -48,14 +47,16 @@ void ExpectItalicLeans(const std::string& face) {
   ASSERT_TRUE(DrawText(italic.dib(), request));
   const InkBox u = upright.Ink(), i = italic.Ink();
   const int u_quarter = u.height() / 4, i_quarter = i.height() / 4;
-  const double upright_lean = upright.InkCentreX(u.top, u.top + u_quarter) -
-                              upright.InkCentreX(u.bottom - u_quarter, u.bottom);
-  const double italic_lean = italic.InkCentreX(i.top, i.top + i_quarter) -
-                             italic.InkCentreX(i.bottom - i_quarter, i.bottom);
+  const double upright_lean =
+      upright.InkCentreX(u.top, u.top + u_quarter) - upright.InkCentreX(u.bottom - u_quarter, u.bottom);
+  const double italic_lean =
+      italic.InkCentreX(i.top, i.top + i_quarter) - italic.InkCentreX(i.bottom - i_quarter, i.bottom);
   EXPECT_GT(italic_lean - upright_lean, 3);
 }
 
-TEST(TextStyle, ItalicLeansTheLetters) { ExpectItalicLeans("Arial"); }
+TEST(TextStyle, ItalicLeansTheLetters) {
+  ExpectItalicLeans("Arial");
+}
 
 TEST(TextStyle, ItalicIsMadeUpWhenTheFaceHasNoItalic) {
   if (!NotoMonoInstalled()) GTEST_SKIP() << "Noto Mono not installed";
@@ -114,8 +115,7 @@ TEST(TextStyle, QuarterTurnStandsTheLineUpFromItsAnchor) {
   // (anchor x + dy, anchor y - dx - 1).
   for (int y = f.top; y < f.bottom; ++y) {
     for (int x = f.left; x < f.right; ++x) {
-      ASSERT_EQ(flat.Pixel(x, y), turned.Pixel(100 + (y - 250), 250 - (x - 100) - 1))
-          << x << "," << y;
+      ASSERT_EQ(flat.Pixel(x, y), turned.Pixel(100 + (y - 250), 250 - (x - 100) - 1)) << x << "," << y;
     }
   }
 }

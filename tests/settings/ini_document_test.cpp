@@ -21,8 +21,7 @@ TEST(IniDocument, MissingSectionOrKeyGivesEmpty) {
 }
 
 TEST(IniDocument, TrimsBlanksAndOnePairOfQuotes) {
-  const IniDocument document(
-      "[ S ]\n  k1 =  spaced out \t\nk2=\"quoted \"\nk3='single'\nk4=\"unbalanced\nk5=a=b\n");
+  const IniDocument document("[ S ]\n  k1 =  spaced out \t\nk2=\"quoted \"\nk3='single'\nk4=\"unbalanced\nk5=a=b\n");
   EXPECT_EQ(document.Get("S", "k1"), "spaced out");
   EXPECT_EQ(document.Get("S", "k2"), "quoted ");
   EXPECT_EQ(document.Get("S", "k3"), "single");

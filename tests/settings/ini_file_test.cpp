@@ -50,7 +50,7 @@ TEST(IniFile, MissingFileOrFolderReadsEmpty) {
 
 TEST(IniFile, WritesThatCannotLandAreLostWithoutAWord) {
   TempFolder temp;
-  WriteIni("Main", "k", std::string("v"), "");  // empty name: nothing stored
+  WriteIni("Main", "k", std::string("v"), "");                    // empty name: nothing stored
   WriteIni("Main", "k", std::string("v"), temp.path().string());  // a folder: not replaced
   EXPECT_TRUE(std::filesystem::is_directory(temp.path()));
   WriteIni("Main", "k", std::string("v"), temp.file("no/such/folder.ini"));

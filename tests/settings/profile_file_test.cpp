@@ -28,18 +28,18 @@ std::string Lines(std::initializer_list<const char*> lines) {
   return text;
 }
 
-const std::string kDefaultSettings = Lines({"[Settings]", "1=True", "2=", "3=0", "4=", "5=", "6=", "7=False", "8=1",
-                                            "9=False", "10=", "11=", "12=", "13=", "14=False", "15=False", "16=",
-                                            "17=False"});
+const std::string kDefaultSettings =
+    Lines({"[Settings]", "1=True", "2=", "3=0", "4=", "5=", "6=", "7=False", "8=1", "9=False",
+           "10=", "11=", "12=", "13=", "14=False", "15=False", "16=", "17=False"});
 
 TEST(ProfileFile, ANewProfileIsWrittenKeyByKeyInFileOrder) {
   TempFolder temp;
   const AppState state = NewState("/data/Velmora");
   ASSERT_TRUE(SaveProfile(state, temp.file("default.profile")));
   EXPECT_EQ(ReadWholeFile(temp.file("default.profile")),
-            kDefaultSettings + Lines({"[Profile]", "1=0", "2=0", "3=0", "4=0", "5=1", "6=0", "7=90",
-                                      "8={Title}_{Counter}.{OutputType}", "9=True", "10=/data/Velmora/Output/",
-                                      "ProcessTotal=0"}));
+            kDefaultSettings +
+                Lines({"[Profile]", "1=0", "2=0", "3=0", "4=0", "5=1", "6=0", "7=90",
+                       "8={Title}_{Counter}.{OutputType}", "9=True", "10=/data/Velmora/Output/", "ProcessTotal=0"}));
 }
 
 TEST(ProfileFile, EveryFieldGoesUnderItsOwnKey) {
@@ -76,16 +76,82 @@ TEST(ProfileFile, EveryFieldGoesUnderItsOwnKey) {
   state.blocks.Append(text);
 
   ASSERT_TRUE(SaveProfile(state, temp.file("all.profile")));
-  EXPECT_EQ(ReadWholeFile(temp.file("all.profile")),
-            Lines({"[Settings]", "1=True", "2=login", "3=1", "4=secret", "5=/www", "6=ftp.example.org", "7=True",
-                   "8=2", "9=True", "10=user", "11=pw", "12=8080", "13=10.0.0.1", "14=True", "15=True", "16=21",
-                   "17=True", "[Profile]", "1=3", "2=256", "3=4", "4=5", "5=6", "6=1", "7=75",
-                   "8={counter}-{title}.{outputtype}", "9=False", "10=/out/", "ProcessTotal=2", "[Block_0]",
-                   "1=50", "2=True", "3=0", "4=1", "5=50", "6=0", "7=0", "8=0", "9=0", "10=0", "11=0", "12=0",
-                   "13=0", "14=", "15=0", "16=0", "17=0", "18=0", "19=0", "20=0", "21=0", "22=", "[Block_1]",
-                   "1=0", "2=False", "3=0", "4=0", "5=0", "6=3", "7=0", "8=0", "9=0", "10=1", "11=-10", "12=7",
-                   "13=45", "14=(c) me", "15=0", "16=2", "17=20", "18=0", "19=0", "20=0", "21=0",
-                   "22=255|True|False|False|DejaVu Sans|14|True"}));
+  EXPECT_EQ(ReadWholeFile(temp.file("all.profile")), Lines({"[Settings]",
+                                                            "1=True",
+                                                            "2=login",
+                                                            "3=1",
+                                                            "4=secret",
+                                                            "5=/www",
+                                                            "6=ftp.example.org",
+                                                            "7=True",
+                                                            "8=2",
+                                                            "9=True",
+                                                            "10=user",
+                                                            "11=pw",
+                                                            "12=8080",
+                                                            "13=10.0.0.1",
+                                                            "14=True",
+                                                            "15=True",
+                                                            "16=21",
+                                                            "17=True",
+                                                            "[Profile]",
+                                                            "1=3",
+                                                            "2=256",
+                                                            "3=4",
+                                                            "4=5",
+                                                            "5=6",
+                                                            "6=1",
+                                                            "7=75",
+                                                            "8={counter}-{title}.{outputtype}",
+                                                            "9=False",
+                                                            "10=/out/",
+                                                            "ProcessTotal=2",
+                                                            "[Block_0]",
+                                                            "1=50",
+                                                            "2=True",
+                                                            "3=0",
+                                                            "4=1",
+                                                            "5=50",
+                                                            "6=0",
+                                                            "7=0",
+                                                            "8=0",
+                                                            "9=0",
+                                                            "10=0",
+                                                            "11=0",
+                                                            "12=0",
+                                                            "13=0",
+                                                            "14=",
+                                                            "15=0",
+                                                            "16=0",
+                                                            "17=0",
+                                                            "18=0",
+                                                            "19=0",
+                                                            "20=0",
+                                                            "21=0",
+                                                            "22=",
+                                                            "[Block_1]",
+                                                            "1=0",
+                                                            "2=False",
+                                                            "3=0",
+                                                            "4=0",
+                                                            "5=0",
+                                                            "6=3",
+                                                            "7=0",
+                                                            "8=0",
+                                                            "9=0",
+                                                            "10=1",
+                                                            "11=-10",
+                                                            "12=7",
+                                                            "13=45",
+                                                            "14=(c) me",
+                                                            "15=0",
+                                                            "16=2",
+                                                            "17=20",
+                                                            "18=0",
+                                                            "19=0",
+                                                            "20=0",
+                                                            "21=0",
+                                                            "22=255|True|False|False|DejaVu Sans|14|True"}));
 
   AppState loaded = NewState("/elsewhere");
   LoadProfile(loaded, temp.file("all.profile"));
@@ -116,8 +182,8 @@ TEST(ProfileFile, AShorterChainLeavesTheOldBlockSectionsUnread) {
   AppState state = NewState("/d");
   for (int i = 0; i < 5; ++i) state.blocks.Append(engine::NewBlock(engine::kRotate));
   SaveProfile(state, path);
-  state.blocks = engine::Blocks({engine::NewBlock(engine::kMirror), engine::NewBlock(engine::kMirror),
-                                 engine::NewBlock(engine::kMirror)});
+  state.blocks = engine::Blocks(
+      {engine::NewBlock(engine::kMirror), engine::NewBlock(engine::kMirror), engine::NewBlock(engine::kMirror)});
   SaveProfile(state, path);
 
   EXPECT_EQ(ReadIni("Profile", "ProcessTotal", path), "3");
@@ -155,8 +221,8 @@ TEST(ProfileFile, CaptionFollowsTheCurrentProfile) {
   TempFolder temp;
   SaveProfile(state, temp.file("other.profile"), sink);
   LoadProfile(state, temp.file("other.profile"), sink);
-  EXPECT_EQ(captions, (std::vector<std::string>{"Velmora - [Untitled]", "Velmora - [job.profile]",
-                                                "Velmora - [job.profile]"}));
+  EXPECT_EQ(captions,
+            (std::vector<std::string>{"Velmora - [Untitled]", "Velmora - [job.profile]", "Velmora - [job.profile]"}));
 }
 
 TEST(ProfileFile, SaveNamesGetTheProfileExtensionUnlessTheyHaveIt) {

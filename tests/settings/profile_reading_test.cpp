@@ -142,7 +142,7 @@ TEST(ProfileReading, AProcessTotalThatCannotMakeAChainLeavesTheOldOne) {
     state.blocks.Append(rotate);
     LoadText(state, std::string("[Profile]\nProcessTotal=") + total + "\n[Block_0]\n7=180\n");
     ASSERT_EQ(state.blocks.UpperBound(), 1) << total;
-    EXPECT_EQ(state.blocks[0].Angle, 180) << total;             // read into the old block
+    EXPECT_EQ(state.blocks[0].Angle, 180) << total;              // read into the old block
     EXPECT_EQ(state.blocks[0].KeepProportions, kTrue) << total;  // a missing boolean keeps it
     EXPECT_EQ(state.blocks[0].Kind, engine::kResize) << total;   // a missing integer gives 0
   }

@@ -14,7 +14,9 @@ namespace {
 class DialogsTest : public WindowTest {
  protected:
   // A click on a check box's own mark.
-  static void Tick(QCheckBox* box) { QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(8, box->height() / 2)); }
+  static void Tick(QCheckBox* box) {
+    QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(8, box->height() / 2));
+  }
 };
 
 TEST_F(DialogsTest, SettingsOpensOnTheFirstTabAndOkStoresTheControls) {

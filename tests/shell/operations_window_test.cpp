@@ -34,8 +34,9 @@ class OperationsTest : public WindowTest {
 };
 
 TEST_F(OperationsTest, EveryRowOfTheDialogAddsItsOperation) {
-  const char* captions[] = {"Resize", "Rotate", "Mirror", "Text Watermark", "Image Watermark",
-                            "Effect", "Brightness/Contrast", "Gamma correction"};
+  const char* captions[] = {
+      "Resize",          "Rotate", "Mirror", "Text Watermark", "Image Watermark", "Effect", "Brightness/Contrast",
+      "Gamma correction"};
   for (int row = 1; row <= 8; ++row) {
     AddOperation(row);
     EXPECT_EQ(window->operationList()->StructCaption(Last())->title().toStdString(), captions[row - 1]);

@@ -9,7 +9,9 @@ namespace {
 class ProfileBindingTest : public ::testing::Test {
  protected:
   void SetUp() override { AddFixedEntries(entries, state.preview); }
-  PanelControls& Add(std::int16_t kind) { return entries.Entry(entries.lblProcess_Click(kind, state.preview))->controls; }
+  PanelControls& Add(std::int16_t kind) {
+    return entries.Entry(entries.lblProcess_Click(kind, state.preview))->controls;
+  }
 
   engine::AppState state;
   OperationEntries entries;

@@ -46,7 +46,7 @@ TEST(SettingsForm, OkStoresPassiveAsOneAndFlagsAsBooleans) {
   EXPECT_EQ(settings.FtpPassive, 1);
   EXPECT_EQ(settings.FtpSecure, engine::kTrue);
   EXPECT_EQ(settings.IfOutputFileExists, 0);
-  EXPECT_EQ(settings.ProxyHost, " 10.0.0.1 ");  // untrimmed, even with the proxy off
+  EXPECT_EQ(settings.ProxyHost, " 10.0.0.1 ");       // untrimmed, even with the proxy off
   EXPECT_EQ(settings.ReservedFlag9, engine::kTrue);  // no control owns it
 }
 

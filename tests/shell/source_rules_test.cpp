@@ -74,7 +74,8 @@ TEST(AddScannedNames, SkipsIndexZeroAndEmptyNamesAndYieldsEveryHundred) {
   for (int i = 0; i < 250; ++i) result.push_back(i == 7 ? "" : "f" + std::to_string(i));
   std::vector<std::string> added;
   int yields = 0;
-  AddScannedNames(result, [&](const std::string& name) { added.push_back(name); }, [&] { ++yields; });
+  AddScannedNames(
+      result, [&](const std::string& name) { added.push_back(name); }, [&] { ++yields; });
   EXPECT_EQ(added.size(), 249u);
   EXPECT_EQ(added.front(), "f0");
   EXPECT_EQ(yields, 2);

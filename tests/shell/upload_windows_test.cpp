@@ -1,7 +1,7 @@
 // The uploads' windows as the upload commands use them through the window: the album chooser
 // and the captcha prompt with their flags and answers, the session log and the hidden process log.
-#include "shell/upload_bridge.h"
 #include "shell/upload_windows.h"
+#include "shell/upload_bridge.h"
 #include "tests/shell/window_fixture.h"
 
 namespace velmora::testing {

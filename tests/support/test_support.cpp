@@ -3,20 +3,19 @@
 
 #include <FreeImage.h>
 
+#include <unistd.h>
 #include <atomic>
 #include <fstream>
 #include <random>
 #include <sstream>
-#include <unistd.h>
 
 namespace velmora::testing {
 
 TempFolder::TempFolder() {
   static std::atomic<int> counter{0};
   std::random_device seed;
-  path_ = std::filesystem::temp_directory_path() /
-          ("velmora-test-" + std::to_string(::getpid()) + "-" + std::to_string(counter++) + "-" +
-           std::to_string(seed() % 100000));
+  path_ = std::filesystem::temp_directory_path() / ("velmora-test-" + std::to_string(::getpid()) + "-" +
+                                                    std::to_string(counter++) + "-" + std::to_string(seed() % 100000));
   std::filesystem::create_directories(path_);
 }
 

@@ -13,7 +13,9 @@ namespace {
 
 constexpr int kStartTimeoutMs = 20000;
 
-std::string Script(const std::string& name) { return std::string(VELMORA_SOURCE_DIR) + "/tests/upload/" + name; }
+std::string Script(const std::string& name) {
+  return std::string(VELMORA_SOURCE_DIR) + "/tests/upload/" + name;
+}
 
 std::string Lower(std::string text) {
   std::transform(text.begin(), text.end(), text.begin(), [](unsigned char c) { return std::tolower(c); });
@@ -78,7 +80,9 @@ bool HttpTestServer::Start(const std::string& folder, const TestCertificate& cer
   return ready && std::sscanf(ready->c_str(), "READY %d %d", &plain_port_, &tls_port_) == 2;
 }
 
-void HttpTestServer::SetRoutes(const std::string& routes) { WriteWholeFile(folder_ + "/routes.txt", routes); }
+void HttpTestServer::SetRoutes(const std::string& routes) {
+  WriteWholeFile(folder_ + "/routes.txt", routes);
+}
 
 void HttpTestServer::SetFile(const std::string& name, const std::string& content) {
   WriteWholeFile(folder_ + "/" + name, content);
