@@ -51,7 +51,7 @@ SourcePlan PlanSource(RunContext& run, const std::string& path, std::int64_t row
   return plan;
 }
 
-std::string CommitSource(RunContext& run, const SourcePlan& plan, FinishedSource& finished) {
+void CommitSource(RunContext& run, const SourcePlan& plan, FinishedSource& finished) {
   for (const std::string& failure : finished.failures) run.view.LogFailure(failure);
   std::string TargetPath = plan.TargetPath;
   const std::size_t page_count = finished.pages.size();
@@ -61,12 +61,14 @@ std::string CommitSource(RunContext& run, const SourcePlan& plan, FinishedSource
     run.view.SetWaitLabel("100%");
     run.view.Yield();
     if (run.job.preview) TargetPath = run.job.preview_file;
-    if (TargetPath.empty()) continue;  // skipped: processed all the same, never written
-    WritePage(run, plan, finished.pages[p], static_cast<int>(p), page_count, TargetPath);
-    run.state.WrittenFiles.Append(TargetPath);
+    if (!TargetPath.empty()) {  // a skipped source is processed all the same, never written
+      WritePage(run, plan, finished.pages[p], static_cast<int>(p), page_count, TargetPath);
+      run.state.WrittenFiles.Append(TargetPath);
+    }
+    // A preview still shows its page; any other kept page has been appended by now.
+    if (!run.job.preview) run.lib.Release(finished.pages[p].page);
   }
   run.lib.FlushAppendedPages();
-  return TargetPath;
 }
 
 }  // namespace velmora::engine

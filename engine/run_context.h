@@ -38,8 +38,7 @@ struct SourcePlan {
 SourcePlan PlanSource(RunContext& run, const std::string& path, std::int64_t row);
 
 // Shows the page steps of a finished source and writes its pages, in order: the percent texts of
-// the chain, the index cell, then the file. Returns the name of the last page written (the
-// preview file in a preview).
-std::string CommitSource(RunContext& run, const SourcePlan& plan, FinishedSource& finished);
+// the chain, the index cell, then the file.
+void CommitSource(RunContext& run, const SourcePlan& plan, FinishedSource& finished);
 
 }  // namespace velmora::engine
