@@ -40,7 +40,8 @@ RunJob MakeRunJob(const AppState& state, imaging::ImagingLibrary& lib) {
   for (std::int32_t b = 0; b < job.blocks.UpperBound(); ++b) {
     const Block& block = job.blocks[b];
     if (IsTextWatermark(block)) ParseWatermarkFont(job.font_after_pass, block.WatermarkFont);
-    if (IsImageWatermark(block)) {
+    // A preview has one page, which starts cold: it never needs the image a pass leaves behind.
+    if (IsImageWatermark(block) && !job.preview) {
       imaging::Handle loaded = 0;
       imaging::CallResult result = 0;
       lib.FreeImage_Load(block.WatermarkSource, loaded, imaging::kFormatUnknown, 0, result);

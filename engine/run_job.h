@@ -23,7 +23,8 @@ struct RunJob {
   std::string preview_file;  // AppDataFolder + "/Temp/preview.dat"
   // The font values before the first operation of the run, and after one pass of the chain.
   FontState font_at_start, font_after_pass;
-  // The watermark image a pass of the chain leaves behind (0 when no image watermark loads).
+  // The watermark image a pass of the chain leaves behind (0 when no image watermark loads, and
+  // in a preview, which has no second page to carry it into).
   imaging::Handle warm_watermark = 0;
   // True when an operation reads what the page before it computed (a resize of unknown units,
   // a watermark of unknown alignment): such a job runs its sources one after another.
