@@ -45,22 +45,28 @@ void RunPreview(RunContext& run, const SourceList& sources) {
 }
 
 void RunSources(RunContext& run, const SourceList& sources, int jobs) {
+  run.outputs = OutputLedger(sources.rows);
+  const OutputLedger::Report report = [&run](const std::string& message) { run.view.LogFailure(message); };
   SourceExecutor executor(run.job, run.lib, sources.rows, jobs);
   for (std::size_t i = 0; i < sources.rows.size(); ++i) {
     const SourcePlan plan = PlanSource(run, sources.rows[i], static_cast<std::int64_t>(i));
     run.view.SetProgressValue(static_cast<int>(i + 1));
     run.view.SetFile("Current file: " + FileNameOfPath(plan.path));
     FinishedSource finished = executor.Take(i, [&run] { run.view.Yield(); });
+    // Row i has been read: outputs that would replace its source may now go in place.
+    run.outputs.RowRead(i, report);
     CommitSource(run, plan, finished);
     run.view.Yield();
   }
+  run.outputs.PlaceAll(report);
 }
 
 void Finish(RunContext& run, std::size_t row_count) {
   AppState& state = run.state;
   if (!run.job.preview && run.html) {
     run.view.Yield();
-    WriteTextFile(run.job.output.OutputFolder + "index.html", run.html->Finish());
+    const std::string index = run.job.output.OutputFolder + "index.html";
+    if (!WriteTextFile(index, run.html->Finish())) run.view.LogFailure(kCannotWrite + index);
   }
   if (!run.job.preview && run.job.output.OpenTargetFolder != kFalse) run.view.OpenFolder(run.job.output.OutputFolder);
   run.view.SetStatus("Completed.");

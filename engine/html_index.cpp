@@ -1,9 +1,7 @@
 // Building and writing the thumbnail index.
 #include "engine/html_index.h"
 
-#include <cstdio>
-#include <memory>
-
+#include "engine/file_replace.h"
 #include "engine/paths.h"
 
 namespace velmora::engine {
@@ -40,12 +38,8 @@ std::string HtmlIndex::Finish() const {
   return HtmlText_ + "</table>" + HtmlFooter();
 }
 
-void WriteTextFile(const std::string& path, const std::string& text) {
-  DeleteOutputFile(path);
-  std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "wb"), &std::fclose);
-  if (!file) return;
-  std::fwrite(text.data(), 1, text.size(), file.get());
-  std::fwrite(kLineEnd, 1, 2, file.get());
+bool WriteTextFile(const std::string& path, const std::string& text) {
+  return WriteFileAtomically(path, text + kLineEnd);
 }
 
 }  // namespace velmora::engine

@@ -23,7 +23,7 @@ class HtmlIndex {
   int HtmlCellCount_ = 0;
 };
 
-// Replaces `path` with `text` and one line end; failures are ignored.
-void WriteTextFile(const std::string& path, const std::string& text);
+// Replaces `path` with `text` and one line end, whole or not at all; false when it was not replaced.
+bool WriteTextFile(const std::string& path, const std::string& text);
 
 }  // namespace velmora::engine

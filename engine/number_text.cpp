@@ -2,6 +2,7 @@
 #include "engine/number_text.h"
 
 #include <cctype>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <limits>
@@ -64,8 +65,11 @@ double LeadingNumber(std::string_view text) {
     }
     sign_allowed = false;
   }
+  // from_chars reads the point as the decimal mark whatever the process's locale says.
+  const char* first = cleaned.data();
+  if (!cleaned.empty() && cleaned.front() == '+') ++first;
   double value = 0;
-  if (std::sscanf(cleaned.c_str(), "%lf", &value) != 1) return 0;
+  if (std::from_chars(first, cleaned.data() + cleaned.size(), value).ec != std::errc()) return 0;
   return value;
 }
 

@@ -1,5 +1,6 @@
 // The ordered half of a run: names and collision policy, the texts the user sees for each page,
 // and the writing of files, the index cells and the list of written files.
+#include "engine/file_replace.h"
 #include "engine/naming.h"
 #include "engine/paths.h"
 #include "engine/run_context.h"
@@ -21,22 +22,55 @@ void ShowChainProgress(RunContext& run) {
   }
 }
 
+OutputLedger::Report FailureLog(RunContext& run) {
+  return [&run](const std::string& message) { run.view.LogFailure(message); };
+}
+
+// Writes a page's encoded bytes under a temporary name and hands the finished file to the ledger,
+// which renames it over `target`.
+void PlaceEncodedPage(RunContext& run, const FinishedPage& page, const std::string& target, std::size_t row,
+                      CallResult& result) {
+  if (!page.encoded_ok) return;
+  const std::string temporary = TemporaryNameFor(target);
+  run.lib.WriteEncodedImage(page.encoded, temporary, result);
+  if (result != 0) run.outputs.Place(temporary, target, row, FailureLog(run));
+}
+
+// The pages of a multipage file go to one temporary, put in place once the last page is in.
+struct MultipageFile {
+  std::string temporary, target;
+  bool appended = false;
+};
+
 void WritePage(RunContext& run, const SourcePlan& plan, const FinishedPage& page, int page_index,
-               std::size_t page_count, std::string& TargetPath) {
+               std::size_t page_count, std::string& TargetPath, MultipageFile& multipage) {
   CallResult result = 0;
+  const auto row = static_cast<std::size_t>(plan.row);
   if (page_count == 1) {
-    if (page.encoded_ok) run.lib.WriteEncodedImage(page.encoded, TargetPath, result);
+    PlaceEncodedPage(run, page, TargetPath, row, result);
   } else if (WritesMultipageFile(run.job.output)) {
-    run.lib.AppendPageToFile(TargetPath, page.page, -1, run.job.SaveFlags, -1, result);
+    if (multipage.temporary.empty()) multipage = {TemporaryNameFor(TargetPath), TargetPath, false};
+    run.lib.AppendPageToFile(multipage.temporary, page.page, -1, run.job.SaveFlags, -1, result);
+    multipage.appended = multipage.appended || result != 0;
   } else {
     // Separate files: the page name comes from a fresh expansion; no collision policy applies.
     const OutputChoices& output = run.job.output;
     TargetPath = PageName(
         ExpandTemplate(output.OutputFolder, output.NameTemplate, plan.path, run.job.target.OutputExtension, plan.row),
         page_index);
-    if (page.encoded_ok) run.lib.WriteEncodedImage(page.encoded, TargetPath, result);
+    PlaceEncodedPage(run, page, TargetPath, row, result);
   }
-  if (result == 0 && page.readable) run.view.LogFailure("cannot write " + TargetPath);
+  if (result == 0 && page.readable) run.view.LogFailure(kCannotWrite + TargetPath);
+}
+
+void FinishMultipageFile(RunContext& run, const MultipageFile& multipage, std::size_t row) {
+  if (multipage.temporary.empty()) return;
+  if (run.lib.FlushAppendedPages() && multipage.appended) {
+    run.outputs.Place(multipage.temporary, multipage.target, row, FailureLog(run));
+    return;
+  }
+  DiscardTemporary(multipage.temporary);
+  run.view.LogFailure(kCannotWrite + multipage.target);
 }
 
 }  // namespace
@@ -45,8 +79,12 @@ SourcePlan PlanSource(RunContext& run, const std::string& path, std::int64_t row
   const OutputChoices& output = run.job.output;
   SourcePlan plan{path, row,
                   ExpandTemplate(output.OutputFolder, output.NameTemplate, path, run.job.target.OutputExtension, row)};
-  const Collision collision = ApplyOutputPolicy(run.state.settings.IfOutputFileExists, plan.TargetPath,
-                                                OutputFileExists, DeleteOutputFile, [&run] { run.view.Yield(); });
+  // Overwrite gives the old file up rather than deleting it: the finished replacement is renamed
+  // over it, so a failed or interrupted run never costs the file it would have replaced.
+  const Collision collision = ApplyOutputPolicy(
+      run.state.settings.IfOutputFileExists, plan.TargetPath,
+      [&run](const std::string& path) { return run.outputs.Exists(path); },
+      [&run](const std::string& path) { run.outputs.GiveUp(path); }, [&run] { run.view.Yield(); });
   if (collision == Collision::kSkip) ++run.state.SkipCounter;
   return plan;
 }
@@ -54,6 +92,7 @@ SourcePlan PlanSource(RunContext& run, const std::string& path, std::int64_t row
 void CommitSource(RunContext& run, const SourcePlan& plan, FinishedSource& finished) {
   for (const std::string& failure : finished.failures) run.view.LogFailure(failure);
   std::string TargetPath = plan.TargetPath;
+  MultipageFile multipage;
   const std::size_t page_count = finished.pages.size();
   for (std::size_t p = 0; p < page_count; ++p) {
     ShowChainProgress(run);
@@ -62,13 +101,13 @@ void CommitSource(RunContext& run, const SourcePlan& plan, FinishedSource& finis
     run.view.Yield();
     if (run.job.preview) TargetPath = run.job.preview_file;
     if (!TargetPath.empty()) {  // a skipped source is processed all the same, never written
-      WritePage(run, plan, finished.pages[p], static_cast<int>(p), page_count, TargetPath);
+      WritePage(run, plan, finished.pages[p], static_cast<int>(p), page_count, TargetPath, multipage);
       run.state.WrittenFiles.Append(TargetPath);
     }
     // A preview still shows its page; any other kept page has been appended by now.
     if (!run.job.preview) run.lib.Release(finished.pages[p].page);
   }
-  run.lib.FlushAppendedPages();
+  FinishMultipageFile(run, multipage, static_cast<std::size_t>(plan.row));
 }
 
 }  // namespace velmora::engine

@@ -8,6 +8,7 @@
 
 #include "engine/app_state.h"
 #include "engine/html_index.h"
+#include "engine/output_ledger.h"
 #include "engine/run_job.h"
 #include "engine/run_view.h"
 #include "engine/source_work.h"
@@ -23,6 +24,7 @@ struct RunContext {
   RunView& view;
   RunJob job;
   std::optional<HtmlIndex> html;  // present when GenerateHtmlIndex is on
+  OutputLedger outputs;
 };
 
 // The output decision for one source: its path, its row (zero-based) and the name it will be

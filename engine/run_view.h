@@ -38,4 +38,7 @@ class RunView {
   virtual void LogFailure(const std::string& message) = 0;
 };
 
+// How the failure of a file that could not be written starts: "cannot write <path>".
+inline constexpr const char* kCannotWrite = "cannot write ";
+
 }  // namespace velmora::engine

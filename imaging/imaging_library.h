@@ -73,7 +73,8 @@ class ImagingLibrary {
   // Adds a page to the multipage file at `path` (format from the name). The file is written when a
   // call names another path, at FlushAppendedPages, or when the object goes.
   void AppendPageToFile(const std::string& path, Handle image, int fixed1, int flags, int fixed2, CallResult& result);
-  void FlushAppendedPages();
+  // Writes the open multipage file; false when writing it failed (nothing open counts as done).
+  bool FlushAppendedPages();
   // The two halves of FreeImage_Save, so that encoding can run on other threads than writing:
   // the page encoded (after the same depth conversion) into memory, and those bytes written to
   // `path`. Nothing is written when the bytes are empty.

@@ -57,11 +57,11 @@ void ImagingLibrary::AppendPageToFile(const std::string& path, Handle image, int
   });
 }
 
-void ImagingLibrary::FlushAppendedPages() {
+bool ImagingLibrary::FlushAppendedPages() {
   try {
-    state_->appender.Flush();
+    return state_->appender.Flush();
   } catch (...) {
-    // Nothing to report through: the file simply stays unwritten.
+    return false;
   }
 }
 

@@ -23,10 +23,12 @@ bool MultipageWriter::Append(const std::string& path, FIBITMAP* dib, int flags) 
     open_ = WritableMultiBitmap(FreeImage_OpenMultiBitmap(format, path.c_str(), TRUE, FALSE, TRUE, 0));
     if (!open_) return false;
     path_ = path;
+    pages_ = 0;
   }
   const int before = FreeImage_GetPageCount(open_.get());
   FreeImage_AppendPage(open_.get(), page.dib);
   if (FreeImage_GetPageCount(open_.get()) != before + 1) return false;
+  ++pages_;
   open_.get_deleter().flags = flags;
   return true;
 }
@@ -44,9 +46,11 @@ void MultipageWriter::FlushIfOpen(const std::string& path) {
 bool MultipageWriter::FlushLocked() {
   if (!open_) return true;
   FIMULTIBITMAP* multi = open_.release();
-  const bool written = FreeImage_CloseMultiBitmap(multi, open_.get_deleter().flags) != FALSE;
+  const bool closed = FreeImage_CloseMultiBitmap(multi, open_.get_deleter().flags) != FALSE;
   open_.get_deleter().flags = 0;
+  const bool written = closed && CountImagePages(path_) == pages_;
   path_.clear();
+  pages_ = 0;
   return written;
 }
 

@@ -20,7 +20,8 @@ class MultipageWriter {
   // `path` (format from its name). The first call for a path starts a new file in place of any
   // old one; `flags` of the last call are the ones the file is written with.
   bool Append(const std::string& path, FIBITMAP* dib, int flags);
-  // Writes and closes the open file, if any. False when writing failed.
+  // Writes and closes the open file, if any. False when writing failed, which is told by reading
+  // the file back: FreeImage reports success even when the disk filled up under it.
   bool Flush();
   // Flushes only when the open file is the one at `path`.
   void FlushIfOpen(const std::string& path);
@@ -31,6 +32,7 @@ class MultipageWriter {
   std::mutex mutex_;
   WritableMultiBitmap open_;
   std::string path_;
+  int pages_ = 0;  // appended to the open file
 };
 
 }  // namespace velmora::imaging

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <string>
 
+#include "engine/file_replace.h"
 #include "engine/number_text.h"
 
 namespace velmora::settings {
@@ -48,12 +49,7 @@ bool LoadIniDocumentForEdit(const std::string& file, IniDocument& document) {
 }
 
 bool StoreIniDocument(const IniDocument& document, const std::string& file) {
-  if (file.empty()) return false;
-  std::FILE* stream = std::fopen(file.c_str(), "wb");
-  if (!stream) return false;
-  const std::string bytes = document.Serialize();
-  const bool written = std::fwrite(bytes.data(), 1, bytes.size(), stream) == bytes.size();
-  return std::fclose(stream) == 0 && written;
+  return engine::WriteFileAtomically(file, document.Serialize());
 }
 
 std::string ReadIni(std::string_view section, std::string_view key, const std::string& file) {

@@ -15,8 +15,9 @@ IniDocument LoadIniDocument(const std::string& file);
 // The file as a document to change and store back: false when the file is there but can't be
 // read, so that an edit never replaces what it could not see. A missing file gives an empty one.
 bool LoadIniDocumentForEdit(const std::string& file, IniDocument& document);
-// Writes the document over `file`, creating it if need be. False if it could not be written;
-// an empty file name writes nothing.
+// Replaces `file` with the document, creating it if need be: written to a temporary beside it
+// and renamed over it, so that the file holds the old or the new text whatever happens. False
+// if it could not be written; an empty file name writes nothing.
 bool StoreIniDocument(const IniDocument& document, const std::string& file);
 
 // The value of `key` in `section` of `file`, at most 254 characters; empty when there is none.

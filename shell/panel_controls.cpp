@@ -1,7 +1,7 @@
 // Defaults, item lists and edit handlers of the operation panels.
 #include "shell/panel_controls.h"
 
-#include <cstdio>
+#include <charconv>
 
 namespace velmora::shell {
 namespace {
@@ -173,9 +173,10 @@ void EditElemText(PanelControls& panel, int which, const std::string& text, engi
 }
 
 std::string GeneralNumber(double value) {
+  // Like printf's %.15g, with a point for the decimal mark in every locale.
   char text[32];
-  std::snprintf(text, sizeof text, "%.15g", value);
-  return text;
+  const auto written = std::to_chars(text, text + sizeof text, value, std::chars_format::general, 15);
+  return std::string(text, written.ptr);
 }
 
 }  // namespace velmora::shell

@@ -29,15 +29,32 @@ std::string CheckProfilePath(const std::string& path) {
   return {};
 }
 
-void LoadBatchJob(engine::AppState& state, const BatchOptions& options) {
+std::string LoadBatchJob(engine::AppState& state, const BatchOptions& options) {
+  settings::PrepareDataFolders(state);
   if (options.profile) {
-    settings::PrepareDataFolders(state);
     settings::NewProfile(state);
     settings::LoadProfile(state, *options.profile);
     state.CurrentProfile = *options.profile;
-  } else {
-    settings::StartUp(state);
+    return {};
   }
+  // The profile the window would open, read only: where the window would reset a missing last
+  // profile's place to the defaults, the batch reads "default.profile" or, failing that, takes
+  // the defaults in memory.
+  settings::LoadLastProfileName(state);
+  const std::string last = state.CurrentProfile;
+  const std::string fallback = settings::DefaultProfilePath(state);
+  if (!last.empty() && settings::FileExists(last)) {
+    settings::LoadProfile(state, last);
+    return {};
+  }
+  const std::string missing = last.empty() ? std::string() : "the last profile " + last + " is missing; ";
+  if (settings::FileExists(fallback)) {
+    settings::LoadProfile(state, fallback);
+    state.CurrentProfile = fallback;
+    return missing.empty() ? std::string() : missing + "using " + fallback;
+  }
+  settings::NewProfile(state);
+  return missing + "no profile found; using the settings of a new profile";
 }
 
 void ApplyOverrides(engine::AppState& state, const BatchOptions& options) {

@@ -13,9 +13,10 @@ namespace velmora::app {
 std::string CheckProfilePath(const std::string& path);
 
 // Builds the data folders and loads the job into `state`: the --profile file over the defaults of
-// a new profile, else the start profile as the window's start-up finds it. Never writes
-// settings.ini and never saves the profile back.
-void LoadBatchJob(engine::AppState& state, const BatchOptions& options);
+// a new profile, else the last profile, else "default.profile", else the defaults of a new
+// profile. Writes no file: never settings.ini, never a profile. Returns a one-line notice when
+// it did not find the profile it looked for first ("" otherwise).
+std::string LoadBatchJob(engine::AppState& state, const BatchOptions& options);
 
 // Puts --output-folder, --format and --template into the job. An output folder gets its
 // trailing '/', as the window gives it.

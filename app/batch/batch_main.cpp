@@ -47,15 +47,20 @@ int RunBatch(const std::vector<std::string>& arguments, std::FILE* out, std::FIL
                 "and the folders given hold no image files");
 
   engine::AppState state;
-  LoadBatchJob(state, options);
+  const std::string profile_notice = LoadBatchJob(state, options);
   ApplyOverrides(state, options);
   if (const std::string problem = PrepareOutputFolder(state, options.output_folder.has_value()); !problem.empty())
     return Fail(err, kExitFailure, problem);
+  if (!profile_notice.empty()) std::fprintf(err, "velmora-batch: %s\n", profile_notice.c_str());
 
   BatchView view(out, ::isatty(::fileno(out)) == 1, options.quiet);
   engine::GoProcess2(state, sources.list, view, engine::RunOptions{options.jobs});
-  for (const std::string& failure : view.failures()) std::fprintf(err, "velmora-batch: warning: %s\n", failure.c_str());
-  return kExitOk;
+  bool not_written = false;
+  for (const std::string& failure : view.failures()) {
+    std::fprintf(err, "velmora-batch: warning: %s\n", failure.c_str());
+    not_written = not_written || failure.rfind(engine::kCannotWrite, 0) == 0;
+  }
+  return not_written ? kExitNotWritten : kExitOk;
 }
 
 }  // namespace velmora::app

@@ -122,8 +122,9 @@ The job:
                        the job is the profile Velmora opens at start: the last
                        profile used, else Profiles/default.profile in the data
                        folder (the Velmora folder in your documents folder),
-                       which is made with the defaults when it is missing.
-                       velmora-batch never saves the profile and never writes
+                       else the settings of a new profile; a line on standard
+                       error says so when the last profile is missing.
+                       velmora-batch never saves a profile and never writes
                        settings.ini.
   --output-folder DIR  write into DIR instead of the job's output folder; DIR
                        is created when missing
@@ -146,11 +147,19 @@ Steps that failed and were passed over (an unreadable image, a save that did
 not work) are listed afterwards as warnings on standard error. The job's "open
 the target folder" choice is a desktop action and does nothing here.
 
+Every file is written under a temporary name beside its final one and renamed
+into place only when complete, so an interrupted run or a full disk never
+leaves a partial file under a final name. Overwriting replaces the old file
+only once its replacement is complete, and a source is always read before
+anything of the run replaces it, so converting a folder into itself is safe.
+
 Exit status:
-  0  the run took place, with or without warnings
+  0  the run took place; any warnings are about sources that were passed over
   1  the profile or a source does not exist, no source images were found, or
      the output folder cannot be used; nothing was converted
   2  bad command line
+  3  the run took place, but some output files could not be written (each is
+     named in a warning; nothing partial was left under its name)
 )";
 }
 

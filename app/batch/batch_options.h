@@ -10,9 +10,10 @@
 
 namespace velmora::app {
 
-inline constexpr int kExitOk = 0;       // the run took place
-inline constexpr int kExitFailure = 1;  // a missing profile or source, no images, no output folder
-inline constexpr int kExitUsage = 2;    // a bad command line
+inline constexpr int kExitOk = 0;          // the run took place
+inline constexpr int kExitFailure = 1;     // a missing profile or source, no images, no output folder
+inline constexpr int kExitUsage = 2;       // a bad command line
+inline constexpr int kExitNotWritten = 3;  // the run took place, but some output files could not be written
 
 struct BatchOptions {
   std::vector<std::string> sources;           // files and folders, in the order given

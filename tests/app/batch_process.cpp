@@ -18,7 +18,7 @@ std::string BatchProgramPath() {
 }
 
 ProcessResult RunBatchProcess(const std::vector<std::string>& arguments, const std::string& working_folder,
-                              const std::string& home) {
+                              const std::string& home, const std::function<void(pid_t)>& while_running) {
   TempFolder streams;
   const std::string out_path = streams.file("out.txt");
   const std::string err_path = streams.file("err.txt");
@@ -52,6 +52,7 @@ ProcessResult RunBatchProcess(const std::vector<std::string>& arguments, const s
     ::execve(program.c_str(), argv_pointers.data(), env_pointers.data());
     ::_exit(127);
   }
+  if (while_running) while_running(child);
   int status = 0;
   if (::waitpid(child, &status, 0) == child && WIFEXITED(status)) result.exit_code = WEXITSTATUS(status);
   result.out = ReadWholeFile(out_path);

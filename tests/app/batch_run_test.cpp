@@ -97,38 +97,59 @@ TEST_F(BatchRunTest, ConvertsATreeInScanOrderAndSkipsWhatTheAddRuleSkips) {
   EXPECT_EQ(harbour.height, 48u);
 }
 
-TEST_F(BatchRunTest, WithoutAProfileItRunsTheStartProfileAndSavesNothingBack) {
+// Without --profile the job is the window's last profile, else "default.profile", else the
+// defaults of a new profile; whichever it is, no profile and no settings.ini is written.
+struct StartProfileCase {
+  const char* name;
+  bool last_exists, default_exists, last_too_long;
+  const char* output;  // the folder the output lands in, "" for the data folder's Output
+  const char* notice;  // the line on standard error; %L the last profile, %D default.profile
+};
+
+class BatchStartProfileTest : public BatchRunTest, public ::testing::WithParamInterface<StartProfileCase> {};
+
+TEST_P(BatchStartProfileTest, ReadsTheStartProfileAndWritesNoProfile) {
+  const StartProfileCase& c = GetParam();
   MakeTree();
+  const std::string default_path = DataFolder() + "/Profiles/default.profile";
+  fs::create_directories(DataFolder() + "/Profiles");
+  const std::string last = Work(c.last_too_long ? std::string(250, 'l') + ".profile" : "last.profile");
+  auto write_job = [&](const std::string& path, const std::string& folder) {
+    WriteProfile(path, [&](engine::AppState& state) {
+      state.output.OutputFolder = Work(folder + "/");
+      state.output.NameTemplate = "{Title}.{OutputType}";
+    });
+  };
+  if (c.last_exists) write_job(last, "from-last");
+  if (c.default_exists) write_job(default_path, "from-default");
+  const std::string settings_text = "[Main]\r\nLastProfile=" + last + "\r\n";
+  if (c.default_exists) WriteWholeFile(DataFolder() + "/settings.ini", settings_text);
+  const std::string last_before = ReadWholeFile(last), default_before = ReadWholeFile(default_path);
+
   const ProcessResult result = Run({"extra/cover.jpeg"});
   ASSERT_EQ(result.exit_code, 0) << result.err;
-  EXPECT_EQ(result.out, "[1/1] Current file: cover.jpeg\nCompleted.\n1 file(s) processed.\n");
-  EXPECT_EQ(result.err, "");
-  // First start: the data folders and default.profile, but no settings.ini.
-  for (const char* folder : {"/Profiles", "/Output", "/Temp"}) EXPECT_TRUE(fs::is_directory(DataFolder() + folder));
-  EXPECT_TRUE(fs::exists(DataFolder() + "/Profiles/default.profile"));
-  EXPECT_FALSE(fs::exists(DataFolder() + "/settings.ini"));
-  EXPECT_EQ(Names(DataFolder() + "/Output"), std::vector<std::string>{"cover_000.jpg"});
-  EXPECT_EQ(ReadImageFacts(DataFolder() + "/Output/cover_000.jpg").format, 2);  // JPEG, the default
+  std::string notice = c.notice;
+  if (const auto at = notice.find("%L"); at != std::string::npos) notice.replace(at, 2, last.substr(0, 254));
+  if (const auto at = notice.find("%D"); at != std::string::npos) notice.replace(at, 2, default_path);
+  EXPECT_EQ(result.err, notice.empty() ? "" : "velmora-batch: " + notice + "\n");
+  const std::string output =
+      *c.output ? Work(std::string(c.output) + "/cover.jpg") : DataFolder() + "/Output/cover_000.jpg";
+  EXPECT_EQ(ReadImageFacts(output).format, 2);
+  EXPECT_EQ(ReadWholeFile(last), last_before);
+  EXPECT_EQ(ReadWholeFile(default_path), default_before);
+  EXPECT_EQ(fs::exists(default_path), c.default_exists);
+  EXPECT_EQ(ReadWholeFile(DataFolder() + "/settings.ini"), c.default_exists ? settings_text : "");
 }
 
-TEST_F(BatchRunTest, TheLastProfileOfTheWindowIsTheJobAndStaysUntouched) {
-  MakeTree();
-  const std::string profile = WriteProfile("last.profile", [&](engine::AppState& state) {
-    state.output.OutputFormat = 0;  // BMP
-    state.output.OutputFolder = Work("from-last/");
-    state.output.NameTemplate = "{Title}-last.{OutputType}";
-  });
-  fs::create_directories(DataFolder());
-  WriteWholeFile(DataFolder() + "/settings.ini", "[Main]\r\nLastProfile=" + profile + "\r\n");
-  const std::string profile_before = ReadWholeFile(profile);
-
-  const ProcessResult result = Run({"pics/harbour.jpg"});
-  ASSERT_EQ(result.exit_code, 0) << result.err;
-  EXPECT_EQ(Names(Work("from-last")), std::vector<std::string>{"harbour-last.bmp"});
-  EXPECT_EQ(ReadWholeFile(profile), profile_before);
-  EXPECT_EQ(ReadWholeFile(DataFolder() + "/settings.ini"), "[Main]\r\nLastProfile=" + profile + "\r\n");
-  EXPECT_FALSE(fs::exists(DataFolder() + "/Profiles/default.profile"));
-}
+INSTANTIATE_TEST_SUITE_P(Cases, BatchStartProfileTest,
+                         ::testing::Values(StartProfileCase{"NothingOnDisk", false, false, false, "",
+                                                            "no profile found; using the settings of a new profile"},
+                                           StartProfileCase{"LastProfile", true, true, false, "from-last", ""},
+                                           StartProfileCase{"LastProfileGone", false, true, false, "from-default",
+                                                            "the last profile %L is missing; using %D"},
+                                           StartProfileCase{"LastPathOver254Bytes", true, true, true, "from-default",
+                                                            "the last profile %L is missing; using %D"}),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(BatchRunTest, AProfileFileBringsItsChain) {
   MakeTree();
