@@ -231,8 +231,23 @@ void MainWindow::ApplyProfile() {
 }
 
 void MainWindow::RefreshProfile() {
+  CutChainToWhatTheListHolds();
+  operationList()->HoldLayout(true);
   shell::RefreshProfile(state_, entries_, fixed_);
+  operationList()->HoldLayout(false);
   operationList()->ReloadAll();
+}
+
+void MainWindow::CutChainToWhatTheListHolds() {
+  const int listed = ListedOperationCount(entries_);
+  const int room = std::max(0, kLongestListedChain - listed);
+  const int asked = ListableOperationCount(state_.blocks);
+  if (asked <= room) return;
+  state_.blocks = FirstListableOperations(state_.blocks, room);
+  services_.Inform(this, "This profile holds " + std::to_string(asked) +
+                             " operations, more than the window lists in one chain (" +
+                             std::to_string(kLongestListedChain) + "). Only the first " + std::to_string(room) +
+                             " were added; the rest are left out, and saving the profile keeps only what is listed.");
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

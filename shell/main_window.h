@@ -152,6 +152,8 @@ class MainWindow : public QWidget, public engine::RunView, public preview::Previ
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  // Cuts a chain longer than the operation list holds, and tells the user so.
+  void CutChainToWhatTheListHolds();
   void BuildWindow();
   void BuildMenus();
   void ConnectCommands();

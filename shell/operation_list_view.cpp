@@ -107,6 +107,18 @@ void OperationListView::EntryAdded(int index) {
 
   widgets_[index] = w;
   w.box->show();
+  if (layout_held_) {
+    added_while_held_ = true;
+    return;
+  }
+  RelayOperationList();
+  ScrollToEnd();
+}
+
+void OperationListView::HoldLayout(bool held) {
+  layout_held_ = held;
+  if (held || !added_while_held_) return;
+  added_while_held_ = false;
   RelayOperationList();
   ScrollToEnd();
 }

@@ -37,6 +37,8 @@ class OperationListView : public QWidget, public OperationListListener {
   void ScrollToEnd();
   // Every panel reads its values again (after the program changed them).
   void ReloadAll();
+  // While held, added entries are laid out once, when the hold ends (a whole chain at a time).
+  void HoldLayout(bool held);
 
   void EntryAdded(int index) override;
   void EntryRemoved(int index) override;
@@ -69,6 +71,7 @@ class OperationListView : public QWidget, public OperationListListener {
   QWidget* inner_;
   QScrollBar* scroll_;
   std::map<int, Widgets> widgets_;
+  bool layout_held_ = false, added_while_held_ = false;
 };
 
 }  // namespace velmora::shell

@@ -148,6 +148,28 @@ void RefreshProfile(engine::AppState& state, OperationEntries& entries, FixedCon
   }
 }
 
+int ListedOperationCount(const OperationEntries& entries) {
+  int count = 0;
+  for (int index : entries.Indices()) count += IsOperationKind(entries.Entry(index)->controls.tag) ? 1 : 0;
+  return count;
+}
+
+int ListableOperationCount(const engine::Blocks& blocks) {
+  int count = 0;
+  for (std::int32_t b = 0; b < blocks.UpperBound(); ++b) count += IsOperationKind(blocks[b].Kind) ? 1 : 0;
+  return count;
+}
+
+engine::Blocks FirstListableOperations(const engine::Blocks& blocks, int count) {
+  engine::Blocks cut;
+  for (std::int32_t b = 0; b < blocks.UpperBound() && count > 0; ++b) {
+    if (!IsOperationKind(blocks[b].Kind)) continue;
+    cut.Append(blocks[b]);
+    --count;
+  }
+  return cut;
+}
+
 void AddFixedEntries(OperationEntries& entries, engine::PreviewFlags& flags) {
   entries.lblProcess_Click(kConvertToEntry, flags);
   entries.lblProcess_Click(kSaveToEntry, flags);

@@ -30,6 +30,15 @@ void ApplyProfile(const OperationEntries& entries, const FixedControls& fixed, e
 // listed, its controls set from the block's fields. A Kind outside the operations adds nothing.
 void RefreshProfile(engine::AppState& state, OperationEntries& entries, FixedControls& fixed);
 
+// The window lists at most this many operations: a profile that asks for more (a damaged one
+// with a "ProcessTotal" in the tens of thousands, say) is cut to it instead of hanging the window.
+inline constexpr int kLongestListedChain = 1000;
+// Operations listed now, and the blocks of a chain that RefreshProfile would list.
+int ListedOperationCount(const OperationEntries& entries);
+int ListableOperationCount(const engine::Blocks& blocks);
+// The chain cut after its first `count` listable blocks.
+engine::Blocks FirstListableOperations(const engine::Blocks& blocks, int count);
+
 // The three fixed entries in the order the window makes them: "Convert to", "Save to", "File name".
 void AddFixedEntries(OperationEntries& entries, engine::PreviewFlags& flags);
 

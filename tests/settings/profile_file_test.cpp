@@ -2,6 +2,13 @@
 #include "settings/profile_file.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <functional>
 
 #include "settings/ini_file.h"
 #include "tests/support/test_support.h"
@@ -203,6 +210,38 @@ TEST(ProfileFile, SavingKeepsSectionsAndKeysItDoesNotKnow) {
   const std::string saved = ReadWholeFile(path);
   EXPECT_EQ(saved.rfind("[Notes]\r\nauthor=me\r\n[Profile]\r\n5=1\r\nextra=kept\r\n1=0\r\n", 0), 0u) << saved;
   EXPECT_EQ(ReadIni("Notes", "author", path), "me");
+}
+
+// A save whose process is killed part-way (here by the file-size limit, at the 100th byte) leaves
+// the old file whole; the file's permissions survive a completed save.
+TEST(ProfileFile, ASaveKilledPartWayLeavesTheOldFileWhole) {
+  TempFolder temp;
+  const std::string path = temp.file("job.profile");
+  AppState state = NewState("/d");
+  SaveProfile(state, path);
+  ::chmod(path.c_str(), 0600);
+  const std::string before = ReadWholeFile(path);
+  for (int n = 0; n < 50; ++n) state.blocks.Append(engine::NewBlock(engine::kRotate));
+  const std::vector<std::function<void()>> saves = {
+      [&] { SaveProfile(state, path); }, [&] { WriteIni("Main", "LastProfile", std::string(300, 'x'), path); }};
+  for (const auto& save : saves) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+      const rlimit limit{100, 100};
+      ::setrlimit(RLIMIT_FSIZE, &limit);
+      save();
+      ::_exit(0);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGXFSZ);
+    EXPECT_EQ(ReadWholeFile(path), before);
+  }
+  ASSERT_TRUE(SaveProfile(state, path));
+  EXPECT_NE(ReadWholeFile(path), before);
+  struct stat info {};
+  ::stat(path.c_str(), &info);
+  EXPECT_EQ(info.st_mode & 0777, 0600u);
 }
 
 TEST(ProfileFile, AnEmptyPathWritesNothing) {

@@ -127,6 +127,26 @@ TEST_F(StartUpTest, ClosingDuringARunSavesAndEndsFromInsideTheRun) {
   EXPECT_EQ(settings::ReadIni("Profile", "10", profile), work.file("out") + "/");
 }
 
+// A damaged profile asking for 100000 operations (no block sections: all Resize) opens with the
+// first 1000 listed and a word to the user; a later load adds only what still fits.
+TEST_F(StartUpTest, AChainLongerThanTheListHoldsIsCutWithAMessage) {
+  const std::string profile = home.DataFolder() + "/Profiles/default.profile";
+  WriteWholeFile(profile, "[Profile]\r\nProcessTotal=100000\r\n");
+  Start();
+  EXPECT_EQ(window->entries().UpperBound(), 3 + shell::kLongestListedChain);
+  ASSERT_EQ(services.informed.size(), 1u);
+  EXPECT_NE(services.informed[0].find("holds 100000 operations"), std::string::npos) << services.informed[0];
+  window->ApplyProfile();
+  EXPECT_EQ(state->blocks.UpperBound(), shell::kLongestListedChain);
+  window->NewProfileCommand();
+  for (int i = 0; i < 3; ++i) AddOperation(1);
+  WriteWholeFile(work.file("long.profile"), "[Profile]\r\nProcessTotal=2000\r\n");
+  services.profiles.push_back(work.file("long.profile"));
+  window->LoadProfileCommand();
+  EXPECT_NE(services.informed.back().find("first 997 were added"), std::string::npos) << services.informed.back();
+  EXPECT_EQ(window->entries().UpperBound(), 3 + shell::kLongestListedChain);
+}
+
 TEST_F(StartUpTest, AfterANewProfileClosingWritesNoProfileAndAnEmptyLastName) {
   window->NewProfileCommand();
   EXPECT_EQ(window->windowTitle().toStdString(), "Velmora - [Untitled]");
