@@ -53,8 +53,11 @@ std::string FollowLinks(const std::string& path) {
 std::string TemporaryNameFor(const std::string& target) {
   static std::atomic<unsigned> counter{0};
   const std::string folder = FolderOfPath(target, true);
-  const std::string name = folder == target ? target : target.substr(folder.size());
+  std::string name = folder == target ? target : target.substr(folder.size());
   const std::string prefix = folder == target ? std::string() : folder;
+  // A name near the file system's limit of 255 bytes keeps its end, which holds the extension.
+  constexpr std::size_t kLongestKeptName = 200;
+  if (name.size() > kLongestKeptName) name.erase(0, name.size() - kLongestKeptName);
   return prefix + ".velmora-" + std::to_string(::getpid()) + "-" + std::to_string(counter++) + "-" + name;
 }
 

@@ -2,7 +2,6 @@
 #include "engine/paths.h"
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace velmora::engine {
 
@@ -38,10 +37,6 @@ bool OutputFileExists(const std::string& path) {
   if (path.empty()) return false;
   struct stat info {};
   return ::stat(path.c_str(), &info) == 0 && !S_ISDIR(info.st_mode);
-}
-
-void DeleteOutputFile(const std::string& path) {
-  if (!path.empty()) ::unlink(path.c_str());
 }
 
 void MakePath(const std::string& path) {

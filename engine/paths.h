@@ -21,8 +21,6 @@ std::string FileNameOfPath(const std::string& path);
 
 // True if a regular file (hidden ones included) of that name exists; folders and errors give false.
 bool OutputFileExists(const std::string& path);
-// Deletes a file, ignoring every failure.
-void DeleteOutputFile(const std::string& path);
 // Creates every folder along `path` up to its last separator; failures are ignored.
 void MakePath(const std::string& path);
 

@@ -39,14 +39,6 @@ TEST(BatchOptions, FormatNamesMapToTheFormatList) {
   EXPECT_FALSE(OutputFormatFromName(""));
 }
 
-TEST(BatchOptions, HelpAndVersionNeedNoSources) {
-  EXPECT_EQ(Parse({"--help"}).error, "");
-  EXPECT_TRUE(Parse({"-h"}).options.help);
-  EXPECT_TRUE(Parse({"--version"}).options.version);
-  EXPECT_NE(BatchHelpText().find("Exit status"), std::string::npos);
-  EXPECT_EQ(BatchVersionText().rfind("velmora-batch ", 0), 0u);
-}
-
 TEST(BatchOptions, UsageErrorsNameTheProblem) {
   const std::vector<std::pair<std::vector<std::string>, std::string>> cases = {
       {{}, "no source images given"},

@@ -47,7 +47,7 @@ class BatchSafetyTest : public ::testing::Test {
   std::string Work(const std::string& relative) const { return work_.file(relative); }
 
   // A TIFF job (32 bits, no compression: large files) or a JPEG job, with a 50% resize.
-  std::string Profile(const std::string& template_text, int format, bool multipage) const {
+  void Profile(const std::string& template_text, int format, bool multipage) const {
     engine::AppState state;
     state.AppDataFolder = home_.file("data");
     settings::NewProfile(state);
@@ -56,9 +56,7 @@ class BatchSafetyTest : public ::testing::Test {
     state.output.MultipageMode = multipage ? 1 : 0;
     state.output.CompressionIndex = 0;
     state.blocks.Append(engine::NewBlock(engine::kResize));
-    const std::string path = Work("job.profile");
-    settings::SaveProfile(state, path);
-    return path;
+    settings::SaveProfile(state, Work("job.profile"));
   }
 
   testing::ProcessResult Run(const std::string& output, std::vector<std::string> arguments,

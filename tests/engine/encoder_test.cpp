@@ -1,4 +1,4 @@
-// Save flags and the format table.
+// Save flags and the choice of a multipage file.
 #include <gtest/gtest.h>
 
 #include "engine/encoder.h"
@@ -36,17 +36,6 @@ TEST(SaveFlags, ExrAndGifAlwaysZeroOthersUntouched) {
   EXPECT_EQ(NextSaveFlags(77, Choices(0)), 77);
   EXPECT_EQ(NextSaveFlags(77, Choices(3)), 77);
   EXPECT_EQ(NextSaveFlags(77, Choices(4)), 77);
-}
-
-TEST(OutputTarget, SevenFormatsAndNothingBeyond) {
-  const char* extensions[] = {"bmp", "jpg", "gif", "png", "tga", "tif", "exr"};
-  const int numbers[] = {0, 2, 25, 13, 17, 18, 29};
-  for (std::int16_t f = 0; f < 7; ++f) {
-    EXPECT_EQ(OutputTargetFor(f).OutputExtension, extensions[f]);
-    EXPECT_EQ(OutputTargetFor(f).OutputFormatNumber, numbers[f]);
-  }
-  EXPECT_EQ(OutputTargetFor(7).OutputExtension, "");
-  EXPECT_EQ(OutputTargetFor(7).OutputFormatNumber, 0);
 }
 
 TEST(MultipageFile, OnlyGifAndTiffInMultipageMode) {

@@ -75,20 +75,5 @@ TEST(WatermarkFont, ABarInTheFaceShiftsLaterFields) {
   EXPECT_EQ(font.FontBold, kTrue);  // "12" read as a boolean
 }
 
-TEST(Blocks, SpareElementAndDefaults) {
-  Blocks chain;
-  EXPECT_EQ(chain.UpperBound(), 0);
-  chain.Append(NewBlock(kResize));
-  chain.Append(NewBlock(kWatermark, 1));
-  EXPECT_EQ(chain.UpperBound(), 2);
-  EXPECT_EQ(chain[2], Block{});
-  EXPECT_EQ(chain[0].Width, 50);
-  EXPECT_EQ(chain[0].Units, 1);
-  EXPECT_EQ(chain[0].KeepProportions, kTrue);
-  EXPECT_EQ(chain[1].WatermarkKind, 1);
-  EXPECT_EQ(NewBlock(kGamma).GammaValue, 100);
-  EXPECT_EQ(NewBlock(kRotate).Angle, 90);
-}
-
 }  // namespace
 }  // namespace velmora::engine

@@ -6,46 +6,6 @@
 namespace velmora::shell {
 namespace {
 
-TEST(PanelDefaults, EachKindStartsAsItsPanelShows) {
-  const PanelControls resize = NewPanel(engine::kResize);
-  EXPECT_EQ(resize.caption, "Resize");
-  EXPECT_EQ(resize.ElemText1, "50");
-  EXPECT_EQ(resize.ElemText2, "50");
-  EXPECT_EQ(resize.ElemCombo1, 1);
-  EXPECT_TRUE(resize.ElemCheck1);
-  EXPECT_EQ(resize.ElemCombo2, 0);
-
-  const PanelControls rotate = NewPanel(engine::kRotate);
-  EXPECT_EQ(rotate.ElemText1, "90");
-  EXPECT_EQ(rotate.ElemCombo1, 0);
-
-  const PanelControls watermark = NewPanel(engine::kWatermark);
-  EXPECT_EQ(watermark.caption, "Text Watermark");
-  EXPECT_EQ(watermark.ElemLabelWatermark, "Text:");
-  EXPECT_EQ(watermark.ElemCommandWatermark, "Style...");
-  EXPECT_EQ(watermark.ElemText3, "0");
-  EXPECT_TRUE(watermark.ElemTextWatermarkTag.empty());
-
-  const PanelControls gamma = NewPanel(engine::kGamma);
-  EXPECT_EQ(gamma.caption, "Gamma correction");
-  EXPECT_EQ(gamma.ElemSlider1, 100);
-  EXPECT_EQ(gamma.ElemText1, "1");
-
-  EXPECT_EQ(NewPanel(engine::kBrightnessContrast).caption, "Brightness/Contrast");
-  EXPECT_TRUE(NewPanel(42).caption.empty());
-}
-
-TEST(PanelItems, ListsAndRanges) {
-  EXPECT_EQ(ComboItems(engine::kEffect, 1).size(), 9u);
-  EXPECT_EQ(ComboItems(engine::kEffect, 1)[8], "Sharpen");
-  EXPECT_EQ(ComboItems(engine::kWatermark, 2), (std::vector<std::string>{"Left", "Right", "Center"}));
-  EXPECT_EQ(ComboItems(engine::kWatermark, 3), (std::vector<std::string>{"Top", "Bottom", "Center"}));
-  EXPECT_EQ(SliderRangeOf(engine::kWatermark, 1).maximum, 360);
-  EXPECT_EQ(SliderRangeOf(engine::kBrightnessContrast, 2).minimum, -100);
-  EXPECT_EQ(SliderRangeOf(engine::kGamma, 1).minimum, 1);
-  EXPECT_EQ(SliderRangeOf(engine::kGamma, 1).maximum, 1000);
-}
-
 TEST(PanelHandlers, PercentsUncheckAndDisableKeepProportionsPixelsOnlyEnable) {
   PanelControls panel = NewPanel(engine::kResize);
   engine::PreviewFlags flags;

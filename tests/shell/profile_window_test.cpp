@@ -15,14 +15,6 @@ class ProfileMenuTest : public WindowTest {
   QAction* Item(const char* name) { return window->m_profile()->findChild<QAction*>(name); }
 };
 
-TEST_F(ProfileMenuTest, TheMenuHasItsThreeItems) {
-  const QList<QAction*> items = window->m_profile()->actions();
-  ASSERT_EQ(items.size(), 3);
-  EXPECT_EQ(items[0]->text(), "New profile");
-  EXPECT_EQ(items[1]->text(), "Load profile...");
-  EXPECT_EQ(items[2]->text(), "Save profile...");
-}
-
 TEST_F(ProfileMenuTest, SaveAddsTheExtensionAndWritesWhatTheWindowShows) {
   Next();
   AddOperation(2);
