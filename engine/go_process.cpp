@@ -2,57 +2,68 @@
 // with the index page, the folder opening and the closing status lines.
 #include "engine/go_process.h"
 
+#include <memory>
+
 #include "engine/number_text.h"
 #include "engine/paths.h"
-#include "engine/preview_fit.h"
 #include "engine/run_context.h"
 #include "engine/source_executor.h"
+#include "engine/worker_messages.h"
 
 namespace velmora::engine {
 namespace {
 
-void ShowPreviewPage(RunContext& run, imaging::Handle page) {
-  std::uint32_t w = 0, h = 0;
-  run.lib.FreeImage_GetWidth(page, w);
-  run.lib.FreeImage_GetHeight(page, h);
-  int frame_width = 0, frame_height = 0;
-  run.view.PreviewFrameSize(frame_width, frame_height);
-  const FitResult fit = FitPreview(w, h, frame_width, frame_height);
-  imaging::CallResult result = 0;
-  if (fit.rescale) run.lib.FreeImage_Rescale(page, fit.width, fit.height, 1, result);
-
-  imaging::DisplayPicture picture;
-  run.lib.MakeDisplayPicture(page, picture, result);
-  if (result == 0) return;
-  const int top = static_cast<int>(RoundHalfEven(frame_height / 2.0 - picture.height / 2.0));
-  const int left = static_cast<int>(RoundHalfEven(frame_width / 2.0 - picture.width / 2.0));
+void ShowPreviewPage(RunContext& run, const FinishedSource& finished) {
+  if (!finished.picture_ok) return;
+  const imaging::DisplayPicture& picture = finished.picture;
+  const int top = static_cast<int>(RoundHalfEven(run.job.preview_frame_height / 2.0 - picture.height / 2.0));
+  const int left = static_cast<int>(RoundHalfEven(run.job.preview_frame_width / 2.0 - picture.width / 2.0));
   run.view.ShowPreview(picture, top, left);
 }
 
 // The selected row's first page only, written to the preview file and shown. It runs on the
 // caller's thread: a preview already has a thread of its own.
-void RunPreview(RunContext& run, const SourceList& sources) {
+// Where the sources are transformed: worker processes when a worker program is given.
+std::unique_ptr<SourceQueue> MakeSourceQueue(RunContext& run, const std::vector<std::string>& rows, int jobs,
+                                             const WorkerLimits& limits) {
+  if (limits.program.empty()) return std::make_unique<SourceExecutor>(run.job, run.lib, rows, jobs);
+  WorkerJob spec{run.state.blocks,
+                 run.state.output,
+                 run.state.font,
+                 run.job.preview,
+                 run.job.preview_frame_width,
+                 run.job.preview_frame_height};
+  return std::make_unique<WorkerProcesses>(spec, run.job.carries_page_state, rows, jobs, limits);
+}
+
+void RunPreview(RunContext& run, const SourceList& sources, const WorkerLimits& limits) {
   const bool has_row = sources.selected >= 0 && sources.selected < static_cast<int>(sources.rows.size());
   const SourcePlan plan{has_row ? sources.rows[static_cast<std::size_t>(sources.selected)] : "",
                         has_row ? sources.selected : 0, ""};
   run.view.ShowWait(true);
   run.view.SetWaitLabel("0%");
-  ChainState chain = ChainStateForRow(run.job, 0);
-  FinishedSource finished = TransformSource(run.job, run.lib, plan.path, chain);
-  ReleaseOwnedWatermark(run.lib, chain);
+  FinishedSource finished;
+  if (limits.program.empty()) {
+    ChainState chain = ChainStateForRow(run.job, 0);
+    finished = TransformSource(run.job, run.lib, plan.path, plan.row, chain);
+    ReleaseOwnedWatermark(run.lib, chain);
+  } else {
+    const std::vector<std::string> rows{plan.path};
+    finished = MakeSourceQueue(run, rows, 1, limits)->Take(0, [] {});
+  }
   CommitSource(run, plan, finished);
-  ShowPreviewPage(run, finished.pages.front().page);
+  ShowPreviewPage(run, finished);
 }
 
-void RunSources(RunContext& run, const SourceList& sources, int jobs) {
+void RunSources(RunContext& run, const SourceList& sources, int jobs, const WorkerLimits& limits) {
   run.outputs = OutputLedger(sources.rows);
   const OutputLedger::Report report = [&run](const std::string& message) { run.view.LogFailure(message); };
-  SourceExecutor executor(run.job, run.lib, sources.rows, jobs);
+  const std::unique_ptr<SourceQueue> queue = MakeSourceQueue(run, sources.rows, jobs, limits);
   for (std::size_t i = 0; i < sources.rows.size(); ++i) {
     const SourcePlan plan = PlanSource(run, sources.rows[i], static_cast<std::int64_t>(i));
     run.view.SetProgressValue(static_cast<int>(i + 1));
     run.view.SetFile("Current file: " + FileNameOfPath(plan.path));
-    FinishedSource finished = executor.Take(i, [&run] { run.view.Yield(); });
+    FinishedSource finished = queue->Take(i, [&run] { run.view.Yield(); });
     // Row i has been read: outputs that would replace its source may now go in place.
     run.outputs.RowRead(i, report);
     CommitSource(run, plan, finished);
@@ -98,12 +109,13 @@ void GoProcess2(AppState& state, const SourceList& sources, RunView& view, const
     if (state.settings.AlwaysCreateOutputFolder != kFalse) MakePath(state.output.OutputFolder);
   }
   run.job = MakeRunJob(state, run.lib);
+  if (preview) view.PreviewFrameSize(run.job.preview_frame_width, run.job.preview_frame_height);
   if (state.settings.GenerateHtmlIndex != kFalse) run.html.emplace();
 
   if (preview)
-    RunPreview(run, sources);
+    RunPreview(run, sources, options.workers);
   else
-    RunSources(run, sources, options.jobs > 0 ? options.jobs : DefaultJobs());
+    RunSources(run, sources, options.jobs > 0 ? options.jobs : DefaultJobs(), options.workers);
   // The font values stand where the last page's chain left them.
   state.font = run.job.font_after_pass;
   Finish(run, row_count);

@@ -4,6 +4,7 @@
 
 #include "engine/app_state.h"
 #include "engine/run_view.h"
+#include "engine/worker_processes.h"
 
 namespace velmora::engine {
 
@@ -11,6 +12,9 @@ struct RunOptions {
   // Workers that convert sources at the same time; 0 means one per core. The files written are
   // the same whatever the number.
   int jobs = 0;
+  // With a worker program, sources are transformed in worker processes under these limits, so
+  // that a decoder crash costs only its source; without one, on threads of this process.
+  WorkerLimits workers;
 };
 
 // Runs the job that `state` describes over `sources`, reporting through `view` on the calling

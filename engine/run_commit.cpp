@@ -36,22 +36,14 @@ void PlaceEncodedPage(RunContext& run, const FinishedPage& page, const std::stri
   if (result != 0) run.outputs.Place(temporary, target, row, FailureLog(run));
 }
 
-// The pages of a multipage file go to one temporary, put in place once the last page is in.
-struct MultipageFile {
-  std::string temporary, target;
-  bool appended = false;
-};
-
 void WritePage(RunContext& run, const SourcePlan& plan, const FinishedPage& page, int page_index,
-               std::size_t page_count, std::string& TargetPath, MultipageFile& multipage) {
+               std::size_t page_count, std::string& TargetPath) {
   CallResult result = 0;
   const auto row = static_cast<std::size_t>(plan.row);
   if (page_count == 1) {
     PlaceEncodedPage(run, page, TargetPath, row, result);
   } else if (WritesMultipageFile(run.job.output)) {
-    if (multipage.temporary.empty()) multipage = {TemporaryNameFor(TargetPath), TargetPath, false};
-    run.lib.AppendPageToFile(multipage.temporary, page.page, -1, run.job.SaveFlags, -1, result);
-    multipage.appended = multipage.appended || result != 0;
+    return;  // the source's file was written whole; it goes in place after the last page
   } else {
     // Separate files: the page name comes from a fresh expansion; no collision policy applies.
     const OutputChoices& output = run.job.output;
@@ -63,14 +55,15 @@ void WritePage(RunContext& run, const SourcePlan& plan, const FinishedPage& page
   if (result == 0 && page.readable) run.view.LogFailure(kCannotWrite + TargetPath);
 }
 
-void FinishMultipageFile(RunContext& run, const MultipageFile& multipage, std::size_t row) {
-  if (multipage.temporary.empty()) return;
-  if (run.lib.FlushAppendedPages() && multipage.appended) {
-    run.outputs.Place(multipage.temporary, multipage.target, row, FailureLog(run));
+// Puts the multipage file of a source in place, or throws it away when the source is skipped.
+void PlaceMultipageFile(RunContext& run, const SourcePlan& plan, const FinishedSource& finished) {
+  if (finished.multipage_file.empty()) return;
+  if (plan.TargetPath.empty() || !finished.multipage_ok) {
+    DiscardTemporary(finished.multipage_file);
+    if (!plan.TargetPath.empty()) run.view.LogFailure(kCannotWrite + plan.TargetPath);
     return;
   }
-  DiscardTemporary(multipage.temporary);
-  run.view.LogFailure(kCannotWrite + multipage.target);
+  run.outputs.Place(finished.multipage_file, plan.TargetPath, static_cast<std::size_t>(plan.row), FailureLog(run));
 }
 
 }  // namespace
@@ -92,7 +85,6 @@ SourcePlan PlanSource(RunContext& run, const std::string& path, std::int64_t row
 void CommitSource(RunContext& run, const SourcePlan& plan, FinishedSource& finished) {
   for (const std::string& failure : finished.failures) run.view.LogFailure(failure);
   std::string TargetPath = plan.TargetPath;
-  MultipageFile multipage;
   const std::size_t page_count = finished.pages.size();
   for (std::size_t p = 0; p < page_count; ++p) {
     ShowChainProgress(run);
@@ -101,13 +93,11 @@ void CommitSource(RunContext& run, const SourcePlan& plan, FinishedSource& finis
     run.view.Yield();
     if (run.job.preview) TargetPath = run.job.preview_file;
     if (!TargetPath.empty()) {  // a skipped source is processed all the same, never written
-      WritePage(run, plan, finished.pages[p], static_cast<int>(p), page_count, TargetPath, multipage);
+      WritePage(run, plan, finished.pages[p], static_cast<int>(p), page_count, TargetPath);
       run.state.WrittenFiles.Append(TargetPath);
     }
-    // A preview still shows its page; any other kept page has been appended by now.
-    if (!run.job.preview) run.lib.Release(finished.pages[p].page);
   }
-  FinishMultipageFile(run, multipage, static_cast<std::size_t>(plan.row));
+  PlaceMultipageFile(run, plan, finished);
 }
 
 }  // namespace velmora::engine

@@ -21,6 +21,8 @@ struct RunJob {
   std::int32_t SaveFlags = 0;
   bool preview = false;
   std::string preview_file;  // AppDataFolder + "/Temp/preview.dat"
+  // The inner size of the preview frame the page is fitted to.
+  int preview_frame_width = 0, preview_frame_height = 0;
   // The font values before the first operation of the run, and after one pass of the chain.
   FontState font_at_start, font_after_pass;
   // The watermark image a pass of the chain leaves behind (0 when no image watermark loads, and

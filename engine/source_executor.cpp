@@ -33,9 +33,10 @@ SourceExecutor::~SourceExecutor() {
 }
 
 FinishedSource SourceExecutor::Transform(std::size_t row) {
-  if (carried_) return TransformSource(job_, lib_, rows_[row], *carried_);
+  const auto row_number = static_cast<std::int64_t>(row);
+  if (carried_) return TransformSource(job_, lib_, rows_[row], row_number, *carried_);
   ChainState chain = ChainStateForRow(job_, row);
-  FinishedSource finished = TransformSource(job_, lib_, rows_[row], chain);
+  FinishedSource finished = TransformSource(job_, lib_, rows_[row], row_number, chain);
   ReleaseOwnedWatermark(lib_, chain);
   return finished;
 }
@@ -53,8 +54,7 @@ void SourceExecutor::Work() {
     try {
       finished = Transform(row);
     } catch (...) {
-      finished.pages.assign(1, FinishedPage{});
-      finished.failures.push_back("out of memory while converting " + rows_[row]);
+      finished = UnreadableSource("out of memory while converting " + rows_[row]);
     }
     {
       std::lock_guard lock(mutex_);

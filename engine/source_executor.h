@@ -12,21 +12,20 @@
 #include <vector>
 
 #include "engine/run_job.h"
+#include "engine/source_queue.h"
 #include "engine/source_work.h"
 
 namespace velmora::engine {
 
-class SourceExecutor {
+class SourceExecutor : public SourceQueue {
  public:
   // Starts `jobs` workers over `rows` (one worker when the job carries state from page to page).
   SourceExecutor(const RunJob& job, imaging::ImagingLibrary& lib, const std::vector<std::string>& rows, int jobs);
-  ~SourceExecutor();
+  ~SourceExecutor() override;
   SourceExecutor(const SourceExecutor&) = delete;
   SourceExecutor& operator=(const SourceExecutor&) = delete;
 
-  // The finished source of `row`; rows must be taken in order. Calls `waiting` now and then
-  // until it is ready, so that the caller's event loop keeps running.
-  FinishedSource Take(std::size_t row, const std::function<void()>& waiting);
+  FinishedSource Take(std::size_t row, const std::function<void()>& waiting) override;
 
  private:
   void Work();

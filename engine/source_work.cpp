@@ -1,8 +1,11 @@
 // Loading, chain, depth conversion, metadata and encoding of one source's pages.
 #include "engine/source_work.h"
 
+#include "engine/file_replace.h"
+#include "engine/naming.h"
 #include "engine/number_text.h"
 #include "engine/paths.h"
+#include "engine/preview_fit.h"
 
 namespace velmora::engine {
 namespace {
@@ -56,6 +59,18 @@ void RunChain(const RunJob& job, imaging::ImagingLibrary& lib, Handle& page, Cha
   }
 }
 
+// The preview's page scaled down to the frame when it is larger, as a picture to show.
+bool FitForDisplay(const RunJob& job, imaging::ImagingLibrary& lib, Handle page, imaging::DisplayPicture& picture) {
+  std::uint32_t w = 0, h = 0;
+  lib.FreeImage_GetWidth(page, w);
+  lib.FreeImage_GetHeight(page, h);
+  const FitResult fit = FitPreview(w, h, job.preview_frame_width, job.preview_frame_height);
+  CallResult result = 0;
+  if (fit.rescale) lib.FreeImage_Rescale(page, fit.width, fit.height, 1, result);
+  lib.MakeDisplayPicture(page, picture, result);
+  return result != 0;
+}
+
 }  // namespace
 
 void LoadSinglePage(imaging::ImagingLibrary& lib, const std::string& path, Handle& page) {
@@ -66,12 +81,20 @@ void LoadSinglePage(imaging::ImagingLibrary& lib, const std::string& path, Handl
     lib.FreeImage_Load(path, page, imaging::kFormatUnknown, 0, result);
 }
 
+FinishedSource UnreadableSource(const std::string& failure) {
+  FinishedSource finished;
+  finished.pages.assign(1, FinishedPage{});
+  finished.failures.push_back(failure);
+  return finished;
+}
+
 FinishedSource TransformSource(const RunJob& job, imaging::ImagingLibrary& lib, const std::string& path,
-                               ChainState& chain) {
+                               std::int64_t row, ChainState& chain) {
   FinishedSource finished;
   std::vector<Handle> pages = LoadPages(lib, path, job.preview);
   if (pages.size() == 1 && pages[0] == 0) finished.failures.push_back("cannot read " + path);
   const bool multipage_file = pages.size() > 1 && WritesMultipageFile(job.output);
+  std::vector<Handle> kept;  // for the multipage file or the preview
 
   for (std::size_t p = 0; p < pages.size(); ++p) {
     Handle& page = pages[p];
@@ -89,12 +112,23 @@ FinishedSource TransformSource(const RunJob& job, imaging::ImagingLibrary& lib, 
       done.encoded_ok = result != 0;
     }
     if (multipage_file || job.preview) {
-      done.page = page;
+      kept.push_back(page);
     } else {
       lib.Release(page);  // a page that is encoded is not needed again
     }
     finished.pages.push_back(std::move(done));
   }
+  if (multipage_file) {
+    const OutputChoices& output = job.output;
+    finished.multipage_file = TemporaryNameFor(
+        ExpandTemplate(output.OutputFolder, output.NameTemplate, path, job.target.OutputExtension, row));
+    CallResult result = 0;
+    lib.WriteMultipageFile(finished.multipage_file, kept, job.SaveFlags, result);
+    finished.multipage_ok = result != 0;
+    if (!finished.multipage_ok) DiscardTemporary(finished.multipage_file);
+  }
+  if (job.preview && !kept.empty()) finished.picture_ok = FitForDisplay(job, lib, kept.front(), finished.picture);
+  for (const Handle page : kept) lib.Release(page);
   return finished;
 }
 

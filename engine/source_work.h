@@ -12,10 +12,10 @@
 
 namespace velmora::engine {
 
+// What the work on a source hands to the run: plain values, so that it can come from another
+// thread or another process alike.
 struct FinishedPage {
-  // Kept when the page is added to a multipage file or shown as a preview; else 0.
-  imaging::Handle page = 0;
-  imaging::EncodedImage encoded;
+  imaging::EncodedImage encoded;  // empty when the page goes to a multipage file
   bool encoded_ok = false;
   bool readable = false;  // false for the empty page of a source that could not be read
 };
@@ -23,11 +23,22 @@ struct FinishedPage {
 struct FinishedSource {
   std::vector<FinishedPage> pages;  // at least one: an unreadable source has one empty page
   std::vector<std::string> failures;
+  // A source of several pages in multipage mode is written whole to a temporary in its target's
+  // folder, for the run to rename into place (or throw away when the source is skipped).
+  std::string multipage_file;
+  bool multipage_ok = false;
+  // In a preview, the page fitted to the frame as the window shows it.
+  imaging::DisplayPicture picture;
+  bool picture_ok = false;
 };
 
-// Processes `path`: all its pages in a real run, the first page only in a preview.
+// Processes `path`, the source of zero-based `row`: all its pages in a real run, the first page
+// only in a preview.
 FinishedSource TransformSource(const RunJob& job, imaging::ImagingLibrary& lib, const std::string& path,
-                               ChainState& chain);
+                               std::int64_t row, ChainState& chain);
+
+// The finished source of a row whose work came to nothing: one empty page and `failure`.
+FinishedSource UnreadableSource(const std::string& failure);
 
 // Loads a file as one image: icons with their alpha channel, anything else by its content.
 void LoadSinglePage(imaging::ImagingLibrary& lib, const std::string& path, imaging::Handle& page);

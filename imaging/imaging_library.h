@@ -75,6 +75,10 @@ class ImagingLibrary {
   void AppendPageToFile(const std::string& path, Handle image, int fixed1, int flags, int fixed2, CallResult& result);
   // Writes the open multipage file; false when writing it failed (nothing open counts as done).
   bool FlushAppendedPages();
+  // Writes `pages` as one multipage file at `path`, as appending them one by one and flushing
+  // would, without touching the open file of AppendPageToFile: safe on any thread. Fails when no
+  // page could be added or writing failed.
+  void WriteMultipageFile(const std::string& path, const std::vector<Handle>& pages, int flags, CallResult& result);
   // The two halves of FreeImage_Save, so that encoding can run on other threads than writing:
   // the page encoded (after the same depth conversion) into memory, and those bytes written to
   // `path`. Nothing is written when the bytes are empty.

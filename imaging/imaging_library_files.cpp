@@ -2,6 +2,7 @@
 #include "imaging/image_files.h"
 #include "imaging/imaging_library.h"
 #include "imaging/library_state.h"
+#include "imaging/multipage_writer.h"
 
 namespace velmora::imaging {
 
@@ -54,6 +55,19 @@ void ImagingLibrary::AppendPageToFile(const std::string& path, Handle image, int
   Report(result, [&] {
     FIBITMAP* dib = state_->images.Find(image);
     return dib && state_->appender.Append(path, dib, flags);
+  });
+}
+
+void ImagingLibrary::WriteMultipageFile(const std::string& path, const std::vector<Handle>& pages, int flags,
+                                        CallResult& result) {
+  Report(result, [&] {
+    MultipageWriter writer;
+    bool appended = false;
+    for (const Handle page : pages) {
+      FIBITMAP* dib = state_->images.Find(page);
+      appended = (dib && writer.Append(path, dib, flags)) || appended;
+    }
+    return writer.Flush() && appended;
   });
 }
 

@@ -14,7 +14,15 @@ namespace {
 
 bool TakesValue(std::string_view option) {
   return option == "--profile" || option == "--output-folder" || option == "--format" || option == "--template" ||
-         option == "--jobs";
+         option == "--jobs" || option == "--source-timeout";
+}
+
+// A whole number of at least 1, or nothing.
+std::optional<int> PositiveNumber(const std::string& value) {
+  int number = 0;
+  const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), number);
+  if (error != std::errc() || end != value.data() + value.size() || number < 1) return std::nullopt;
+  return number;
 }
 
 // Stores one option's value; returns an error text or "".
@@ -31,12 +39,10 @@ std::string StoreValue(BatchOptions& options, std::string_view option, const std
   } else if (option == "--template") {
     if (value.empty()) return "--template needs a non-empty template";
     options.name_template = value;
-  } else if (option == "--jobs") {
-    int jobs = 0;
-    const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), jobs);
-    if (error != std::errc() || end != value.data() + value.size() || jobs < 1)
-      return "--jobs needs a whole number of at least 1, not '" + value + "'";
-    options.jobs = jobs;
+  } else if (option == "--jobs" || option == "--source-timeout") {
+    const std::optional<int> number = PositiveNumber(value);
+    if (!number) return std::string(option) + " needs a whole number of at least 1, not '" + value + "'";
+    (option == "--jobs" ? options.jobs : options.source_timeout) = *number;
   }
   return {};
 }
@@ -134,6 +140,9 @@ The job:
                        {Counter}
   --jobs N             how many images to convert at once (N >= 1; default: one
                        per core). The files written are the same for any N
+  --source-timeout S   give up on a source that takes longer than S seconds to
+                       read, convert and encode (default: 300); it is then
+                       passed over like an unreadable one
 
 Output:
   -q, --quiet          print nothing on standard output
@@ -144,7 +153,11 @@ On a terminal a progress bar shows the current file; otherwise each source
 gives one line. The run ends with "Completed." and "N file(s) processed.",
 with the number of files skipped when the job skips existing output files.
 Steps that failed and were passed over (an unreadable image, a save that did
-not work) are listed afterwards as warnings on standard error. The job's "open
+not work) are listed afterwards as warnings on standard error. Images are
+decoded and converted in worker processes (velmora-worker, installed beside
+velmora-batch), each with a memory budget of half the machine's memory: a
+damaged file that crashes a decoder, or exhausts its budget, costs only that
+file, which is named in a warning. The job's "open
 the target folder" choice is a desktop action and does nothing here.
 
 Every file is written under a temporary name beside its final one and renamed

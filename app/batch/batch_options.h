@@ -22,6 +22,7 @@ struct BatchOptions {
   std::optional<std::int16_t> output_format;  // --format, as the OutputFormat index
   std::optional<std::string> name_template;   // --template
   int jobs = 0;                               // --jobs: workers; 0 means one per core
+  int source_timeout = 300;                   // --source-timeout, in seconds
   bool quiet = false;
   bool help = false;
   bool version = false;

@@ -166,7 +166,9 @@ TEST_P(BatchInterruptionTest, AFullDiskIsReportedAndLeavesNothingPartial) {
   fs::create_directories(Work("full"));
   const std::string size = "size=" + std::to_string((first * 3 / 2 + 4095) / 4096 * 4) + "k";
   if (::mount("tmpfs", Work("full").c_str(), "tmpfs", 0, size.c_str()) != 0) GTEST_SKIP() << "cannot mount a tmpfs";
-  const auto result = Run(Work("full"), rows);
+  std::vector<std::string> arguments = rows;
+  arguments.insert(arguments.begin(), {"--jobs", "1"});  // one source at a time in the small space
+  const auto result = Run(Work("full"), arguments);
   const Listing listing = List(Work("full"));
   ExpectCompleteFiles(Work("full"), Work("reference"));
   ::umount(Work("full").c_str());

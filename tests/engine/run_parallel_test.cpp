@@ -1,5 +1,6 @@
-// A run on several workers writes the same files, byte for byte, as a run on one, and shows the
-// same texts: names, collision policies, multi-page sources and the index all settle in row order.
+// A run on several workers, threads or worker processes, writes the same files, byte for byte, as
+// a run on one thread, and shows the same texts: names, collision policies, multi-page sources
+// and the index all settle in row order.
 #include <gtest/gtest.h>
 
 #include <map>
@@ -11,6 +12,7 @@ namespace velmora::engine {
 namespace {
 
 using FolderBytes = std::map<std::string, std::string>;
+const std::string kWorkerProgram = VELMORA_BINARY_DIR "/app/velmora-worker";
 
 FolderBytes ReadFolder(const std::filesystem::path& folder) {
   FolderBytes files;
@@ -63,7 +65,7 @@ class ParallelRun : public ::testing::Test {
     return state;
   }
 
-  RunOutcome RunWith(int jobs, std::int16_t policy, std::int16_t format, std::int16_t multipage) {
+  RunOutcome RunWith(const RunOptions& options, std::int16_t policy, std::int16_t format, std::int16_t multipage) {
     testing::TempFolder out;
     // Files from an earlier run, for the collision policies to meet.
     testing::WriteWholeFile(out.file("harbour.jpg"), "earlier");
@@ -71,7 +73,7 @@ class ParallelRun : public ::testing::Test {
     testing::WriteWholeFile(out.file("badge.jpg"), "earlier");
     AppState state = Job(out.slash(), policy, format, multipage);
     testing::RecordingView view;
-    GoProcess2(state, SourceList{rows_, -1}, view, RunOptions{jobs});
+    GoProcess2(state, SourceList{rows_, -1}, view, options);
     RunOutcome outcome{ReadFolder(out.path()),
                        state.WrittenFiles.Entries(),
                        view.statuses,
@@ -84,9 +86,15 @@ class ParallelRun : public ::testing::Test {
   }
 
   void ExpectSameOutcome(std::int16_t policy, std::int16_t format, std::int16_t multipage) {
-    const RunOutcome one = RunWith(1, policy, format, multipage);
-    const RunOutcome four = RunWith(4, policy, format, multipage);
+    const RunOutcome one = RunWith(RunOptions{1, {}}, policy, format, multipage);
     ASSERT_GT(one.files.size(), rows_.size() / 2);
+    for (const RunOptions& options : {RunOptions{4, {}}, RunOptions{3, {kWorkerProgram, 300, 0}}}) {
+      SCOPED_TRACE(options.workers.program.empty() ? "threads" : "processes");
+      ExpectSame(one, RunWith(options, policy, format, multipage));
+    }
+  }
+
+  static void ExpectSame(const RunOutcome& one, const RunOutcome& four) {
     EXPECT_EQ(one.written, four.written);
     EXPECT_EQ(one.statuses, four.statuses);
     EXPECT_EQ(one.file_lines, four.file_lines);
@@ -127,7 +135,7 @@ TEST_F(ParallelRun, JobThatCarriesPageStateStillMatches) {
     reuse.Units = 7;
     state.blocks = Blocks({reuse, first});
     testing::RecordingView view;
-    GoProcess2(state, SourceList{rows_, -1}, view, RunOptions{folder == &a ? 1 : 4});
+    GoProcess2(state, SourceList{rows_, -1}, view, folder == &a ? RunOptions{1, {}} : RunOptions{4, {kWorkerProgram}});
   }
   EXPECT_EQ(ReadFolder(a.path()), ReadFolder(b.path()));
 }

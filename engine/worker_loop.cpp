@@ -1,0 +1,52 @@
+// A worker's job, its chain state and the request loop.
+#include "engine/worker_loop.h"
+
+#include <optional>
+
+#include "engine/run_job.h"
+#include "engine/wire.h"
+#include "engine/worker_messages.h"
+
+namespace velmora::engine {
+
+int RunWorkerLoop(int in, int out) {
+  std::string message;
+  WorkerJob spec;
+  if (!ReceiveMessage(in, message) || !DecodeWorkerJob(message, spec)) return 2;
+  AppState state;
+  state.blocks = spec.blocks;
+  state.output = spec.output;
+  state.font = spec.font;
+  state.preview.PreviewMode = spec.preview ? kTrue : kFalse;
+
+  imaging::ImagingLibrary lib;
+  RunJob job = MakeRunJob(state, lib);
+  job.preview_frame_width = spec.frame_width;
+  job.preview_frame_height = spec.frame_height;
+  // A job whose pages depend on the page before goes to one worker, row after row, with one
+  // chain state, as a plain loop would.
+  std::optional<ChainState> carried;
+
+  while (ReceiveMessage(in, message)) {
+    WorkerRow request;
+    if (!DecodeWorkerRow(message, request)) return 2;
+    const auto row = static_cast<std::int64_t>(request.row);
+    FinishedSource finished;
+    try {
+      if (job.carries_page_state) {
+        if (!carried) carried = ChainStateForRow(job, request.row);
+        finished = TransformSource(job, lib, request.path, row, *carried);
+      } else {
+        ChainState chain = ChainStateForRow(job, request.row);
+        finished = TransformSource(job, lib, request.path, row, chain);
+        ReleaseOwnedWatermark(lib, chain);
+      }
+    } catch (...) {
+      finished = UnreadableSource("out of memory while converting " + request.path);
+    }
+    if (!SendMessage(out, EncodeFinishedSource(finished))) return 2;
+  }
+  return 0;
+}
+
+}  // namespace velmora::engine
