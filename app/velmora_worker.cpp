@@ -15,6 +15,9 @@
 int main(int argc, char** argv) {
   // A worker never outlives the run that started it.
   ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+  // glibc reports a corrupted heap on the terminal unless told to use standard error, which the
+  // run has closed for us.
+  ::setenv("LIBC_FATAL_STDERR_", "1", 1);
   // One bomb of a file must not take the machine's memory: allocations past the budget fail.
   if (argc == 3 && std::strcmp(argv[1], "--memory-limit") == 0) {
     const rlim_t bytes = std::strtoull(argv[2], nullptr, 10);

@@ -14,4 +14,12 @@ struct FitResult {
 FitResult FitPreview(std::int64_t page_width, std::int64_t page_height, std::int64_t frame_width,
                      std::int64_t frame_height);
 
+// The fit of the preview's source box: the ratio is single precision and the sizes 16-bit, so a
+// size that doesn't fit 16 bits leaves the picture unscaled.
+struct BoxFit {
+  bool rescale = false;
+  std::int16_t width = 0, height = 0;
+};
+BoxFit FitSourceBox(std::int64_t width, std::int64_t height, std::int64_t box_width, std::int64_t box_height);
+
 }  // namespace velmora::engine

@@ -81,6 +81,25 @@ void LoadSinglePage(imaging::ImagingLibrary& lib, const std::string& path, Handl
     lib.FreeImage_Load(path, page, imaging::kFormatUnknown, 0, result);
 }
 
+FinishedSource PictureOfSource(imaging::ImagingLibrary& lib, const std::string& path, int box_width, int box_height) {
+  FinishedSource finished;
+  finished.pages.assign(1, FinishedPage{});
+  Handle image = 0;
+  CallResult result = 0;
+  lib.FreeImage_Load(path, image, imaging::kFormatUnknown, 0, result);
+  if (result == 0) return finished;
+  finished.pages[0].readable = true;
+  std::uint32_t width = 0, height = 0;
+  lib.FreeImage_GetWidth(image, width);
+  lib.FreeImage_GetHeight(image, height);
+  const BoxFit fit = FitSourceBox(width, height, box_width, box_height);
+  if (fit.rescale) lib.FreeImage_Rescale(image, fit.width, fit.height, 1, result);
+  lib.MakeDisplayPicture(image, finished.picture, result);
+  finished.picture_ok = result != 0;
+  lib.Release(image);
+  return finished;
+}
+
 FinishedSource UnreadableSource(const std::string& failure) {
   FinishedSource finished;
   finished.pages.assign(1, FinishedPage{});

@@ -37,6 +37,10 @@ struct FinishedSource {
 FinishedSource TransformSource(const RunJob& job, imaging::ImagingLibrary& lib, const std::string& path,
                                std::int64_t row, ChainState& chain);
 
+// The source as the preview's source box shows it: its first image read by content and fitted to
+// a box of `box_width` by `box_height` (`picture_ok` false when it can't be read).
+FinishedSource PictureOfSource(imaging::ImagingLibrary& lib, const std::string& path, int box_width, int box_height);
+
 // The finished source of a row whose work came to nothing: one empty page and `failure`.
 FinishedSource UnreadableSource(const std::string& failure);
 

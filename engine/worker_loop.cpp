@@ -33,7 +33,9 @@ int RunWorkerLoop(int in, int out) {
     const auto row = static_cast<std::int64_t>(request.row);
     FinishedSource finished;
     try {
-      if (job.carries_page_state) {
+      if (spec.source_picture) {
+        finished = PictureOfSource(lib, request.path, spec.frame_width, spec.frame_height);
+      } else if (job.carries_page_state) {
         if (!carried) carried = ChainStateForRow(job, request.row);
         finished = TransformSource(job, lib, request.path, row, *carried);
       } else {

@@ -44,7 +44,7 @@ std::string EncodeWorkerJob(const WorkerJob& job) {
   for (std::int32_t b = 0; b < job.blocks.UpperBound(); ++b) VisitBlock(out, job.blocks[b]);
   VisitOutput(out, job.output);
   VisitFont(out, job.font);
-  out(job.preview), out(job.frame_width), out(job.frame_height);
+  out(job.preview), out(job.frame_width), out(job.frame_height), out(job.source_picture);
   return out.bytes();
 }
 
@@ -61,7 +61,7 @@ bool DecodeWorkerJob(std::string_view bytes, WorkerJob& job) {
   }
   VisitOutput(in, job.output);
   VisitFont(in, job.font);
-  in(job.preview), in(job.frame_width), in(job.frame_height);
+  in(job.preview), in(job.frame_width), in(job.frame_height), in(job.source_picture);
   return Finished(in);
 }
 

@@ -18,6 +18,9 @@ struct WorkerJob {
   FontState font;
   bool preview = false;
   std::int32_t frame_width = 0, frame_height = 0;  // the preview frame
+  // Instead of the chain: each source only read and fitted to the frame, as the preview's
+  // source box shows it.
+  bool source_picture = false;
 };
 
 struct WorkerRow {

@@ -11,7 +11,9 @@
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
+#include <filesystem>
 
 #include "engine/wire.h"
 
@@ -49,6 +51,18 @@ void CloseFd(int& fd) {
 
 }  // namespace
 
+std::string FindWorkerProgram() {
+  std::string program;
+  if (const char* given = std::getenv("VELMORA_WORKER"); given && *given) {
+    program = given;
+  } else {
+    std::error_code error;
+    const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", error);
+    if (!error) program = (self.parent_path() / "velmora-worker").string();
+  }
+  return !program.empty() && ::access(program.c_str(), X_OK) == 0 ? program : std::string();
+}
+
 WorkerProcesses::WorkerProcesses(const WorkerJob& job, bool carries_page_state, const std::vector<std::string>& rows,
                                  int jobs, const WorkerLimits& limits)
     : job_message_(EncodeWorkerJob(job)), rows_(rows), limits_(limits) {
@@ -74,8 +88,11 @@ bool WorkerProcesses::Start(Worker& worker) {
   }
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
+  // The worker says nothing: what went wrong comes back as the source's failure, and a decoder's
+  // own complaints (libtiff's, or glibc's on a heap it corrupted) would only clutter the run's.
   posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-  posix_spawn_file_actions_adddup2(&actions, STDERR_FILENO, STDOUT_FILENO);  // stray prints stay off the pipes
+  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+  posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
   posix_spawn_file_actions_adddup2(&actions, requests[0], kWorkerIn);
   posix_spawn_file_actions_adddup2(&actions, answers[1], kWorkerOut);
   std::string memory = std::to_string(limits_.memory_bytes);

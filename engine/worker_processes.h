@@ -22,6 +22,10 @@ struct WorkerLimits {
   std::uint64_t memory_bytes = 0;    // address space of one worker; 0: half the machine's memory
 };
 
+// The velmora-worker program: $VELMORA_WORKER when set, else the one beside the running program;
+// empty when it is not there to run.
+std::string FindWorkerProgram();
+
 class WorkerProcesses : public SourceQueue {
  public:
   // `jobs` workers (one when the job carries state from page to page) over `rows`.

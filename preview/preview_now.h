@@ -5,7 +5,9 @@
 #include <cstdint>
 
 #include "engine/app_state.h"
+#include "engine/preview_fit.h"
 #include "engine/run_view.h"
+#include "engine/worker_processes.h"
 
 namespace velmora::preview {
 
@@ -22,17 +24,15 @@ class PreviewView : public engine::RunView {
   virtual void ClearBoth() = 0;
 };
 
-// The fit of the source box: the ratio is single precision and the sizes 16-bit, so a size that
-// doesn't fit 16 bits leaves the picture unscaled.
-struct BoxFit {
-  bool rescale = false;
-  std::int16_t width = 0, height = 0;
-};
-BoxFit FitSourceBox(std::int64_t width, std::int64_t height, std::int64_t box_width, std::int64_t box_height);
+using engine::BoxFit;
+using engine::FitSourceBox;
 
 // A picture of w by h centred in a box of bw by bh: the top and left to place it at.
 void CentreInBox(int w, int h, int bw, int bh, int& top, int& left);
 
-void PreviewNow2(engine::AppState& state, const engine::SourceList& sources, PreviewView& view);
+// With a worker program, the source is read only in worker processes, so that a source that
+// crashes its decoder shows "No Image" instead of ending the window.
+void PreviewNow2(engine::AppState& state, const engine::SourceList& sources, PreviewView& view,
+                 const engine::WorkerLimits& workers = {});
 
 }  // namespace velmora::preview

@@ -15,6 +15,7 @@
 #include "controls/button.h"
 #include "engine/app_state.h"
 #include "engine/run_view.h"
+#include "engine/worker_processes.h"
 #include "preview/marshalled_view.h"
 #include "preview/preview_pane.h"
 #include "preview/preview_pass.h"
@@ -169,6 +170,8 @@ class MainWindow : public QWidget, public engine::RunView, public preview::Previ
   preview::PreviewPassState pass_;
   std::vector<std::string> run_log_;
   bool running_ = false;
+  // Runs and previews read sources in worker processes when velmora-worker is there to start.
+  engine::WorkerLimits workers_{engine::FindWorkerProgram()};
 
   QWidget* header_ = nullptr;
   ClickableLabel* about_picture_ = nullptr;

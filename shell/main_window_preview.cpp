@@ -38,12 +38,13 @@ void MainWindow::StartPreviewThread() {
   const QSize source_box = frPreview_->prwFon2()->innerSize();
   const QSize result_box = frPreview_->prwFon()->innerSize();
   preview::PreviewSignals* sink = preview_signals_;
+  const engine::WorkerLimits workers = workers_;
   preview_state_ = job_state;
-  worker_->CreateAndStart([job_state, job_entries, job_fixed, sources, sink, source_box, result_box] {
+  worker_->CreateAndStart([job_state, job_entries, job_fixed, sources, sink, source_box, result_box, workers] {
     // MT: ApplyProfile, then PreviewNow2.
     shell::ApplyProfile(job_entries, job_fixed, *job_state);
     preview::MarshalledPreviewView view(sink, source_box, result_box);
-    preview::PreviewNow2(*job_state, sources, view);
+    preview::PreviewNow2(*job_state, sources, view, workers);
   });
 }
 
@@ -66,7 +67,7 @@ void MainWindow::WaitForPreview() {
 void MainWindow::PreviewNow2() {
   preview::MarshalledPreviewView view(preview_signals_, frPreview_->prwFon2()->innerSize(),
                                       frPreview_->prwFon()->innerSize());
-  preview::PreviewNow2(state_, lwSrc()->Rows(), view);
+  preview::PreviewNow2(state_, lwSrc()->Rows(), view, workers_);
 }
 
 void MainWindow::ShowPreviewPane(bool shown) {

@@ -17,7 +17,7 @@ void MainWindow::RunConversion() {
   run_log_.clear();
   fr3_->lblStatus()->setToolTip(QString());
   running_ = true;
-  engine::GoProcess2(state_, lwSrc()->Rows(), *this);
+  engine::GoProcess2(state_, lwSrc()->Rows(), *this, engine::RunOptions{0, workers_});
   running_ = false;
 }
 

@@ -4,8 +4,6 @@
 
 #include <unistd.h>
 
-#include <filesystem>
-
 #include "app/batch/batch_job.h"
 #include "app/batch/batch_options.h"
 #include "app/batch/batch_sources.h"
@@ -19,13 +17,6 @@ int Fail(std::FILE* err, int code, const std::string& message) {
   std::fprintf(err, "velmora-batch: %s\n", message.c_str());
   if (code == kExitUsage) std::fputs("Try 'velmora-batch --help' for more information.\n", err);
   return code;
-}
-
-// velmora-worker is installed beside velmora-batch.
-std::string WorkerProgramPath() {
-  std::error_code error;
-  const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", error);
-  return (error ? std::filesystem::path("velmora-worker") : self.parent_path() / "velmora-worker").string();
 }
 
 }  // namespace
@@ -62,9 +53,10 @@ int RunBatch(const std::vector<std::string>& arguments, std::FILE* out, std::FIL
     return Fail(err, kExitFailure, problem);
   if (!profile_notice.empty()) std::fprintf(err, "velmora-batch: %s\n", profile_notice.c_str());
 
-  engine::RunOptions run_options{options.jobs, {WorkerProgramPath(), options.source_timeout, 0}};
-  if (::access(run_options.workers.program.c_str(), X_OK) != 0)
-    return Fail(err, kExitFailure, "cannot find the worker program " + run_options.workers.program);
+  // Sources are decoded only in worker processes: without the worker program there is no run.
+  const engine::RunOptions run_options{options.jobs, {engine::FindWorkerProgram(), options.source_timeout, 0}};
+  if (run_options.workers.program.empty())
+    return Fail(err, kExitFailure, "cannot find velmora-worker beside velmora-batch (or in $VELMORA_WORKER)");
 
   BatchView view(out, ::isatty(::fileno(out)) == 1, options.quiet);
   engine::GoProcess2(state, sources.list, view, run_options);

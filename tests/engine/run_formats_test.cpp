@@ -118,8 +118,12 @@ TEST_F(RunFormats, EveryFormatAndDepthOfEverySampleReadsBack) {
         EXPECT_EQ(facts.height, static_cast<unsigned>(RoundHalfEven(s.width * 50 / 100.0)));
         // FreeImage writes a 32-bit PNG whose alpha is opaque everywhere as plain RGB.
         const bool opaque_png = c.format == 3 && c.bpp == 32 && !s.has_alpha;
-        if (c.bpp != 0) EXPECT_EQ(facts.bpp, opaque_png ? 24u : c.bpp);
-        if (c.format == 6) EXPECT_TRUE(facts.image_type == FIT_RGBF || facts.image_type == FIT_RGBAF);
+        if (c.bpp != 0) {
+          EXPECT_EQ(facts.bpp, opaque_png ? 24u : c.bpp);
+        }
+        if (c.format == 6) {
+          EXPECT_TRUE(facts.image_type == FIT_RGBF || facts.image_type == FIT_RGBAF);
+        }
         EXPECT_EQ(facts.pages, one_file ? s.pages : 1);
       }
     }

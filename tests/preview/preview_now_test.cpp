@@ -54,10 +54,18 @@ class PreviewNowTest : public ::testing::Test {
     view.run.frame_width = 215;
     view.run.frame_height = 191;
   }
+  RecordingPreviewView FreshView() const {
+    RecordingPreviewView fresh;
+    fresh.run.frame_width = 215;
+    fresh.run.frame_height = 191;
+    return fresh;
+  }
   testing::TempFolder data;
   engine::AppState state;
   RecordingPreviewView view;
 };
+
+const std::string kWorker = VELMORA_BINARY_DIR "/app/velmora-worker";
 
 TEST(FitSourceBox, TheRuleOfTheBoxes) {
   EXPECT_FALSE(FitSourceBox(100, 100, 215, 191).rescale);
@@ -123,23 +131,40 @@ TEST_F(PreviewNowTest, TheSelectedImageIsShownAndConvertedIntoThePreviewFile) {
   EXPECT_EQ(view.run.LastStatus(), "Completed.");
 }
 
+// In this process and in a worker process alike.
 TEST_F(PreviewNowTest, ALargeImageIsFittedInBothBoxes) {
   const std::string source = data.file("wide.jpg");
   ASSERT_TRUE(samples::WritePhotoJpeg(source, 860, 430));
-  PreviewNow2(state, engine::SourceList{{source}, 0}, view);
-  EXPECT_EQ(view.original.width, 215u);
-  EXPECT_EQ(view.original.height, 108u);
-  EXPECT_EQ(view.run.picture.width, 215u);
-  EXPECT_EQ(view.run.picture.height, 108u);
+  std::vector<std::vector<std::uint8_t>> pixels;
+  for (const engine::WorkerLimits& workers : {engine::WorkerLimits{}, engine::WorkerLimits{kWorker}}) {
+    RecordingPreviewView view = FreshView();
+    PreviewNow2(state, engine::SourceList{{source}, 0}, view, workers);
+    EXPECT_EQ(view.original.width, 215u);
+    EXPECT_EQ(view.original.height, 108u);
+    EXPECT_EQ(view.run.picture.width, 215u);
+    EXPECT_EQ(view.run.picture.height, 108u);
+    pixels.push_back(view.original.rgba);
+    pixels.push_back(view.run.picture.rgba);
+  }
+  EXPECT_TRUE(pixels[0] == pixels[2] && pixels[1] == pixels[3]);
 }
 
-TEST_F(PreviewNowTest, AnUnreadableSourceShowsNoImageAboveAndStillRuns) {
-  const std::string source = data.file("broken.jpg");
-  testing::WriteWholeFile(source, "not really a picture");
-  PreviewNow2(state, engine::SourceList{{source}, 0}, view);
-  EXPECT_EQ(view.no_original, 1);
-  EXPECT_EQ(view.original_shown, 0);
-  EXPECT_EQ(view.run.LastStatus(), "Completed.");
+// A source that FreeImage crashes on is read only by a worker process, which dies in its place.
+TEST_F(PreviewNowTest, AnUnreadableOrCrashingSourceShowsNoImageAboveAndStillRuns) {
+  const std::string broken = data.file("broken.jpg");
+  testing::WriteWholeFile(broken, "not really a picture");
+  const std::string crashing = VELMORA_SOURCE_DIR "/tests/fuzz/corpus/crafted/psd_huge_dims.psd";
+  const std::pair<std::string, engine::WorkerLimits> cases[] = {
+      {broken, {}}, {broken, {kWorker}}, {crashing, {kWorker}}};
+  for (const auto& [source, workers] : cases) {
+    SCOPED_TRACE(source);
+    RecordingPreviewView view = FreshView();
+    PreviewNow2(state, engine::SourceList{{source}, 0}, view, workers);
+    EXPECT_EQ(view.no_original, 1);
+    EXPECT_EQ(view.original_shown, 0);
+    EXPECT_EQ(view.run.pictures_shown, 0);
+    EXPECT_EQ(view.run.LastStatus(), "Completed.");
+  }
 }
 
 TEST(ViewerTarget, ClicksOpenThePreviewFileOrTheSource) {
