@@ -3,6 +3,7 @@
 
 #include <fstream>
 
+#include "engine/file_replace.h"
 #include "engine/paths.h"
 #include "tests/support/test_support.h"
 
@@ -41,6 +42,16 @@ TEST(OutputFileExists, CountsHiddenFilesButNotFoldersOrEmptyNames) {
   EXPECT_FALSE(OutputFileExists(temp.path().string()));
   EXPECT_FALSE(OutputFileExists(""));
   EXPECT_FALSE(OutputFileExists(temp.file("missing.jpg")));
+}
+
+TEST(TemporaryNameFor, StaysInTheFolderKeepsTheExtensionAndFitsTheNameLimit) {
+  for (const std::string& name : {std::string("a.jpg"), std::string(252, 'x') + ".tif"}) {
+    const std::string temporary = TemporaryNameFor("/out/" + name);
+    EXPECT_EQ(temporary.rfind("/out/.velmora-", 0), 0u) << temporary;
+    EXPECT_EQ(temporary.substr(temporary.size() - 4), name.substr(name.size() - 4));
+    EXPECT_LE(temporary.size() - 5, 255u);
+  }
+  EXPECT_NE(TemporaryNameFor("/out/a.jpg"), TemporaryNameFor("/out/a.jpg"));
 }
 
 TEST(MakePath, CreatesEveryFolderUpToTheLastSeparatorOnly) {

@@ -212,8 +212,8 @@ TEST(ProfileFile, SavingKeepsSectionsAndKeysItDoesNotKnow) {
   EXPECT_EQ(ReadIni("Notes", "author", path), "me");
 }
 
-// A save whose process is killed part-way (here by the file-size limit, at the 100th byte) leaves
-// the old file whole; the file's permissions survive a completed save.
+// A save whose process is killed part-way (here by the file-size limit, at the 100th byte), or
+// whose write is refused there, leaves the old file whole; its permissions survive a save.
 TEST(ProfileFile, ASaveKilledPartWayLeavesTheOldFileWhole) {
   TempFolder temp;
   const std::string path = temp.file("job.profile");
@@ -222,20 +222,24 @@ TEST(ProfileFile, ASaveKilledPartWayLeavesTheOldFileWhole) {
   ::chmod(path.c_str(), 0600);
   const std::string before = ReadWholeFile(path);
   for (int n = 0; n < 50; ++n) state.blocks.Append(engine::NewBlock(engine::kRotate));
-  const std::vector<std::function<void()>> saves = {
-      [&] { SaveProfile(state, path); }, [&] { WriteIni("Main", "LastProfile", std::string(300, 'x'), path); }};
-  for (const auto& save : saves) {
-    const pid_t child = ::fork();
-    if (child == 0) {
-      const rlimit limit{100, 100};
-      ::setrlimit(RLIMIT_FSIZE, &limit);
-      save();
-      ::_exit(0);
+  const std::vector<std::function<bool()>> saves = {
+      [&] { return SaveProfile(state, path); },
+      [&] { return StoreIniDocument(IniDocument(std::string(300, 'x') + "=1\r\n"), path); }};
+  for (const bool refused : {false, true}) {
+    for (const auto& save : saves) {
+      const pid_t child = ::fork();
+      if (child == 0) {
+        const rlimit limit{100, 100};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        if (refused) ::signal(SIGXFSZ, SIG_IGN);
+        ::_exit(save() ? 0 : 3);
+      }
+      int status = 0;
+      ASSERT_EQ(::waitpid(child, &status, 0), child);
+      EXPECT_TRUE(refused ? WIFEXITED(status) && WEXITSTATUS(status) == 3
+                          : WIFSIGNALED(status) && WTERMSIG(status) == SIGXFSZ);
+      EXPECT_EQ(ReadWholeFile(path), before);
     }
-    int status = 0;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGXFSZ);
-    EXPECT_EQ(ReadWholeFile(path), before);
   }
   ASSERT_TRUE(SaveProfile(state, path));
   EXPECT_NE(ReadWholeFile(path), before);
