@@ -12,6 +12,19 @@
 #include "imaging/allocator_tuning.h"
 #include "imaging/tiff_messages.h"
 
+// AddressSanitizer reserves terabytes of address space for itself: its builds go without the limit.
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kAddressSpaceLimited = false;
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+constexpr bool kAddressSpaceLimited = false;
+#else
+constexpr bool kAddressSpaceLimited = true;
+#endif
+#else
+constexpr bool kAddressSpaceLimited = true;
+#endif
+
 int main(int argc, char** argv) {
   // A worker never outlives the run that started it.
   ::prctl(PR_SET_PDEATHSIG, SIGKILL);
@@ -22,7 +35,7 @@ int main(int argc, char** argv) {
   if (argc == 3 && std::strcmp(argv[1], "--memory-limit") == 0) {
     const rlim_t bytes = std::strtoull(argv[2], nullptr, 10);
     const rlimit limit{bytes, bytes};
-    if (bytes > 0) ::setrlimit(RLIMIT_AS, &limit);
+    if (bytes > 0 && kAddressSpaceLimited) ::setrlimit(RLIMIT_AS, &limit);
   }
   velmora::imaging::KeepLargeBuffersForReuse();
   velmora::imaging::SilenceTiffMessages();

@@ -75,6 +75,10 @@ double LeadingNumber(std::string_view text) {
 
 std::int64_t RoundHalfEven(double value) {
   if (!std::isfinite(value)) return 0;
+  // Beyond the 64-bit range the result saturates (a plain conversion would be undefined).
+  constexpr double kTwoToThe63 = 9223372036854775808.0;
+  if (value >= kTwoToThe63) return std::numeric_limits<std::int64_t>::max();
+  if (value < -kTwoToThe63) return std::numeric_limits<std::int64_t>::min();
   return static_cast<std::int64_t>(std::nearbyint(value));  // default rounding mode: to nearest, ties even
 }
 

@@ -1,6 +1,8 @@
 // Number reading, rounding, booleans and the watermark font string.
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "engine/font_spec.h"
 #include "engine/number_text.h"
 
@@ -22,6 +24,9 @@ TEST(NumberReading, OverflowGivesNoValue) {
   EXPECT_FALSE(ReadInt16("70000").has_value());
   EXPECT_EQ(ReadInt16("32767"), 32767);
   EXPECT_FALSE(ReadInt32("3000000000").has_value());
+  EXPECT_FALSE(ReadInt32("1" + std::string(30, '0')).has_value());
+  EXPECT_EQ(RoundHalfEven(1e30), std::numeric_limits<std::int64_t>::max());  // saturates
+  EXPECT_EQ(RoundHalfEven(-1e30), std::numeric_limits<std::int64_t>::min());
 }
 
 TEST(BooleanReading, WordsAndNumbers) {
