@@ -1,25 +1,63 @@
-// In-memory encoding through FreeImage's memory streams, and plain file writing.
+// In-memory encoding through FreeImage's I/O calls, and plain file writing.
 #include "imaging/encoded_image.h"
 
+#include <algorithm>
 #include <cstdio>
-#include <memory>
+#include <cstring>
 
 #include "imaging/export_depth.h"
 
 namespace velmora::imaging {
 namespace {
 
-struct MemoryCloser {
-  void operator()(FIMEMORY* memory) const { FreeImage_CloseMemory(memory); }
+// A growing byte buffer behind FreeImage's I/O calls. Unlike FreeImage's own memory streams it
+// fills a gap left by a seek past the end with zeros, as a file would: libtiff skips a padding
+// byte before each directory, and a memory stream would leave whatever its buffer held there.
+struct ByteSink {
+  std::vector<std::uint8_t>& bytes;
+  std::size_t position = 0;
 };
 
+unsigned DLL_CALLCONV SinkWrite(void* buffer, unsigned size, unsigned count, fi_handle handle) {
+  auto* sink = static_cast<ByteSink*>(handle);
+  const std::size_t length = static_cast<std::size_t>(size) * count;
+  if (sink->bytes.size() < sink->position + length) sink->bytes.resize(sink->position + length);
+  std::memcpy(sink->bytes.data() + sink->position, buffer, length);
+  sink->position += length;
+  return count;
+}
+
+unsigned DLL_CALLCONV SinkRead(void* buffer, unsigned size, unsigned count, fi_handle handle) {
+  auto* sink = static_cast<ByteSink*>(handle);
+  const std::size_t available = sink->position < sink->bytes.size() ? sink->bytes.size() - sink->position : 0;
+  const std::size_t items = size == 0 ? 0 : std::min<std::size_t>(count, available / size);
+  std::memcpy(buffer, sink->bytes.data() + sink->position, items * size);
+  sink->position += items * size;
+  return static_cast<unsigned>(items);
+}
+
+int DLL_CALLCONV SinkSeek(fi_handle handle, long offset, int origin) {
+  auto* sink = static_cast<ByteSink*>(handle);
+  const long base = origin == SEEK_SET   ? 0
+                    : origin == SEEK_CUR ? static_cast<long>(sink->position)
+                                         : static_cast<long>(sink->bytes.size());
+  if (base + offset < 0) return -1;
+  sink->position = static_cast<std::size_t>(base + offset);
+  return 0;
+}
+
+long DLL_CALLCONV SinkTell(fi_handle handle) {
+  return static_cast<long>(static_cast<ByteSink*>(handle)->position);
+}
+
 bool EncodeOnce(FREE_IMAGE_FORMAT format, FIBITMAP* dib, int flags, std::vector<std::uint8_t>& bytes) {
-  std::unique_ptr<FIMEMORY, MemoryCloser> memory(FreeImage_OpenMemory());
-  if (!memory || !FreeImage_SaveToMemory(format, dib, memory.get(), flags)) return false;
-  BYTE* data = nullptr;
-  DWORD size = 0;
-  if (!FreeImage_AcquireMemory(memory.get(), &data, &size) || size == 0) return false;
-  bytes.assign(data, data + size);
+  bytes.clear();
+  ByteSink sink{bytes};
+  FreeImageIO io{SinkRead, SinkWrite, SinkSeek, SinkTell};
+  if (!FreeImage_SaveToHandle(format, dib, &io, &sink, flags) || bytes.empty()) {
+    bytes.clear();
+    return false;
+  }
   return true;
 }
 

@@ -82,32 +82,49 @@ INSTANTIATE_TEST_SUITE_P(Workers, BatchIsolationTest,
                                            IsolationCase{"TimedOut", false, "gave up after 1 s"}),
                          [](const auto& info) { return std::string(info.param.name); });
 
-// Crafted files that crash FreeImage's decoders (segmentation faults, aborts, heap corruption)
-// or that it rejects, between good photos: every good photo is converted, every bad file named.
+// Crafted files that crash FreeImage's decoders (segmentation faults, aborts) or that it refuses,
+// files that corrupt its heap (which crashes or not, as the allocator lays memory out), and odd
+// ones it reads (looping TIFF directories, a GIF screen of 0 x 0), between good photos: every
+// good photo and odd file is converted, every bad file named, every heap-corrupting one either.
 TEST(BatchCraftedCorpus, EveryGoodFileIsConvertedAndEveryBadOneNamed) {
   testing::TempFolder home, work;
-  std::vector<std::string> bad,
-      arguments = {"--output-folder", work.file("out"), "--template", "{Title}.png", "--format", "png", "--jobs", "2"};
-  for (const auto& entry : fs::directory_iterator(VELMORA_SOURCE_DIR "/tests/fuzz/corpus/crafted"))
-    bad.push_back(entry.path().string());
-  std::sort(bad.begin(), bad.end());
+  auto list = [](const char* folder) {
+    std::vector<std::string> paths;
+    for (const auto& entry : fs::directory_iterator(std::string(VELMORA_SOURCE_DIR "/tests/fuzz/corpus/") + folder))
+      paths.push_back(entry.path().string());
+    std::sort(paths.begin(), paths.end());
+    return paths;
+  };
+  const std::vector<std::string> bad = list("crafted"), odd = list("odd"), heap = list("heap");
+  std::vector<std::string> arguments = {
+      "--output-folder", work.file("out"), "--template", "{Title}.png", "--format", "png", "--jobs", "2"};
+  const std::size_t options = arguments.size();
   for (std::size_t i = 0; i < bad.size(); ++i) {
     if (i % 6 == 0) {
       const std::string good = work.file("good" + std::to_string(i) + ".jpg");
       ASSERT_TRUE(samples::WritePhotoJpeg(good, 40, 30));
       arguments.push_back(good);
     }
+    if (i < odd.size()) arguments.push_back(odd[i]);
+    if (i < heap.size()) arguments.push_back(heap[i]);
     arguments.push_back(bad[i]);
   }
   const auto result = testing::RunBatchProcess(arguments, work.path().string(), home.path().string());
   EXPECT_EQ(result.exit_code, 0) << result.err;
-  EXPECT_NE(result.out.find("Completed.\n" + std::to_string(arguments.size() - 8) + " file(s) processed.\n"),
-            std::string::npos)
-      << result.out;
+  const std::string processed = std::to_string(arguments.size() - options) + " file(s) processed.\n";
+  EXPECT_NE(result.out.find("Completed.\n" + processed), std::string::npos) << result.out;
   for (std::size_t i = 0; i < bad.size(); i += 6)
     EXPECT_EQ(testing::ReadImageFacts(work.file("out/good" + std::to_string(i) + ".png")).width, 40u) << i;
   for (const std::string& path : bad)
     EXPECT_NE(result.err.find("velmora-batch: warning: cannot read " + path), std::string::npos) << path;
+  auto converted = [&](const std::string& path) {
+    const std::string title = fs::path(path).stem().string();
+    return fs::exists(work.file("out/" + title + ".png")) || fs::exists(work.file("out/" + title + " (page 0).png"));
+  };
+  for (const std::string& path : odd)
+    EXPECT_TRUE(converted(path) && result.err.find(path) == std::string::npos) << path;
+  for (const std::string& path : heap)
+    EXPECT_TRUE(converted(path) != (result.err.find("warning: cannot read " + path) != std::string::npos)) << path;
 }
 
 }  // namespace

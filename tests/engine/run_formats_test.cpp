@@ -95,6 +95,16 @@ TEST_F(RunFormats, EveryFormatAndDepthOfEverySampleReadsBack) {
     std::vector<std::string> rows;
     for (const Source& s : sources_) rows.push_back(s.path);
     RunJob(state, rows);
+    // Worker processes write the same bytes.
+    testing::TempFolder in_workers;
+    AppState worker_state = state;
+    worker_state.output.OutputFolder = in_workers.slash();
+    testing::RecordingView view;
+    GoProcess2(worker_state, SourceList{rows, -1}, view, RunOptions{2, {VELMORA_BINARY_DIR "/app/velmora-worker"}});
+    for (const auto& entry : std::filesystem::directory_iterator(out.path()))
+      EXPECT_TRUE(testing::ReadWholeFile(entry.path().string()) ==
+                  testing::ReadWholeFile(in_workers.file(entry.path().filename().string())))
+          << entry.path();
 
     const std::string extension = OutputTargetFor(c.format).OutputExtension;
     for (const Source& s : sources_) {
