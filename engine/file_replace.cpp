@@ -6,10 +6,10 @@
 #include <unistd.h>
 
 #include <atomic>
-#include <cerrno>
 #include <cstdio>
 #include <filesystem>
 
+#include "engine/fd_io.h"
 #include "engine/paths.h"
 
 namespace velmora::engine {
@@ -30,16 +30,6 @@ void KeepModeOf(const std::string& target, const std::string& temporary) {
   if (::stat(target.c_str(), &info) == 0) ::chmod(temporary.c_str(), info.st_mode & 07777);
 }
 
-bool WriteAll(int fd, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = ::write(fd, bytes.data(), bytes.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) return false;
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return true;
-}
-
 // A link is followed, so that replacing a linked file (a profile kept elsewhere) keeps the link.
 std::string FollowLinks(const std::string& path) {
   std::error_code error;
@@ -52,13 +42,12 @@ std::string FollowLinks(const std::string& path) {
 
 std::string TemporaryNameFor(const std::string& target) {
   static std::atomic<unsigned> counter{0};
-  const std::string folder = FolderOfPath(target, true);
-  std::string name = folder == target ? target : target.substr(folder.size());
-  const std::string prefix = folder == target ? std::string() : folder;
+  std::string name = FileNameOfPath(target);
+  const std::string folder = target.substr(0, target.size() - name.size());
   // A name near the file system's limit of 255 bytes keeps its end, which holds the extension.
   constexpr std::size_t kLongestKeptName = 200;
   if (name.size() > kLongestKeptName) name.erase(0, name.size() - kLongestKeptName);
-  return prefix + ".velmora-" + std::to_string(::getpid()) + "-" + std::to_string(counter++) + "-" + name;
+  return folder + ".velmora-" + std::to_string(::getpid()) + "-" + std::to_string(counter++) + "-" + name;
 }
 
 bool ReplaceWithTemporary(const std::string& temporary, const std::string& target) {
@@ -78,15 +67,12 @@ bool WriteFileAtomically(const std::string& given_path, std::string_view bytes) 
   const std::string temporary = TemporaryNameFor(path);
   const int fd = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
   if (fd < 0) return false;
-  const bool written = WriteAll(fd, bytes) && ::fdatasync(fd) == 0;
+  const bool written = WriteAll(fd, bytes);
   if (::close(fd) != 0 || !written) {
     DiscardTemporary(temporary);
     return false;
   }
-  KeepModeOf(path, temporary);
-  if (std::rename(temporary.c_str(), path.c_str()) == 0) return true;
-  DiscardTemporary(temporary);
-  return false;
+  return ReplaceWithTemporary(temporary, path);
 }
 
 }  // namespace velmora::engine

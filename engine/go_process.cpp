@@ -42,22 +42,16 @@ void RunPreview(RunContext& run, const SourceList& sources, const WorkerLimits& 
                         has_row ? sources.selected : 0, ""};
   run.view.ShowWait(true);
   run.view.SetWaitLabel("0%");
-  FinishedSource finished;
-  if (limits.program.empty()) {
-    ChainState chain = ChainStateForRow(run.job, 0);
-    finished = TransformSource(run.job, run.lib, plan.path, plan.row, chain);
-    ReleaseOwnedWatermark(run.lib, chain);
-  } else {
-    const std::vector<std::string> rows{plan.path};
-    finished = MakeSourceQueue(run, rows, 1, limits)->Take(0, [] {});
-  }
+  // A preview has one page, which starts from the first row's chain state.
+  const std::vector<std::string> rows{plan.path};
+  const FinishedSource finished = limits.program.empty() ? TransformRow(run.job, run.lib, plan.path, 0, nullptr)
+                                                         : MakeSourceQueue(run, rows, 1, limits)->Take(0, [] {});
   CommitSource(run, plan, finished);
   ShowPreviewPage(run, finished);
 }
 
 void RunSources(RunContext& run, const SourceList& sources, int jobs, const WorkerLimits& limits) {
-  run.outputs = OutputLedger(sources.rows);
-  const OutputLedger::Report report = [&run](const std::string& message) { run.view.LogFailure(message); };
+  run.outputs = OutputLedger(run.FailureLog(), sources.rows);
   const std::unique_ptr<SourceQueue> queue = MakeSourceQueue(run, sources.rows, jobs, limits);
   for (std::size_t i = 0; i < sources.rows.size(); ++i) {
     const SourcePlan plan = PlanSource(run, sources.rows[i], static_cast<std::int64_t>(i));
@@ -65,11 +59,11 @@ void RunSources(RunContext& run, const SourceList& sources, int jobs, const Work
     run.view.SetFile("Current file: " + FileNameOfPath(plan.path));
     FinishedSource finished = queue->Take(i, [&run] { run.view.Yield(); });
     // Row i has been read: outputs that would replace its source may now go in place.
-    run.outputs.RowRead(i, report);
+    run.outputs.RowRead(i);
     CommitSource(run, plan, finished);
     run.view.Yield();
   }
-  run.outputs.PlaceAll(report);
+  run.outputs.PlaceAll();
 }
 
 void Finish(RunContext& run, std::size_t row_count) {

@@ -9,15 +9,14 @@
 
 namespace velmora::engine {
 
-OutputLedger::OutputLedger(const std::vector<std::string>& sources) {
+OutputLedger::OutputLedger(Report report, const std::vector<std::string>& sources) : report_(std::move(report)) {
   for (std::size_t row = 0; row < sources.size(); ++row) last_reader_[Key(sources[row])] = row;
 }
 
 std::string OutputLedger::Key(const std::string& path) {
   if (path.empty()) return path;
-  const std::string folder = FolderOfPath(path, true);
-  const std::string name = folder == path ? path : path.substr(folder.size());
-  const std::string folder_asked = folder == path ? "." : folder;
+  const std::string name = FileNameOfPath(path);
+  const std::string folder_asked = name.size() == path.size() ? "." : path.substr(0, path.size() - name.size());
   auto known = real_folders_.find(folder_asked);
   if (known == real_folders_.end()) {
     std::error_code error;
@@ -39,37 +38,39 @@ void OutputLedger::GiveUp(const std::string& path) {
   given_up_.insert(Key(path));
 }
 
-void OutputLedger::Place(const std::string& temporary, const std::string& target, std::size_t row,
-                         const Report& report) {
+void OutputLedger::Place(const std::string& temporary, const std::string& target, std::size_t row) {
   const std::string key = Key(target);
   given_up_.erase(key);
   const auto reader = last_reader_.find(key);
   if (reader != last_reader_.end() && reader->second > row) {
-    waiting_.push_back({temporary, target, reader->second});
+    waiting_.push_back({temporary, target, key, reader->second});
     ++waiting_names_[key];
     return;
   }
-  if (!ReplaceWithTemporary(temporary, target)) report(kCannotWrite + target);
+  Rename(temporary, target);
 }
 
-void OutputLedger::RowRead(std::size_t row, const Report& report) {
-  Release(row, report);
+void OutputLedger::RowRead(std::size_t row) {
+  Release(row);
 }
 
-void OutputLedger::PlaceAll(const Report& report) {
-  Release(static_cast<std::size_t>(-1), report);
+void OutputLedger::PlaceAll() {
+  Release(static_cast<std::size_t>(-1));
 }
 
-void OutputLedger::Release(std::size_t up_to_row, const Report& report) {
+void OutputLedger::Rename(const std::string& temporary, const std::string& target) {
+  if (!ReplaceWithTemporary(temporary, target) && report_) report_(kCannotWrite + target);
+}
+
+void OutputLedger::Release(std::size_t up_to_row) {
   std::vector<Waiting> still;
   for (Waiting& waiting : waiting_) {
     if (waiting.release_row > up_to_row) {
       still.push_back(std::move(waiting));
       continue;
     }
-    const std::string key = Key(waiting.target);
-    if (--waiting_names_[key] == 0) waiting_names_.erase(key);
-    if (!ReplaceWithTemporary(waiting.temporary, waiting.target)) report(kCannotWrite + waiting.target);
+    if (--waiting_names_[waiting.key] == 0) waiting_names_.erase(waiting.key);
+    Rename(waiting.temporary, waiting.target);
   }
   waiting_ = std::move(still);
 }

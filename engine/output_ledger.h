@@ -18,8 +18,9 @@ class OutputLedger {
   using Report = std::function<void(const std::string& message)>;
 
   // `sources` are the run's rows in order; a file whose name is the source of a later row is
-  // held back until that row has been read.
-  explicit OutputLedger(const std::vector<std::string>& sources = {});
+  // held back until that row has been read. A rename that fails is told to `report` as
+  // "cannot write <target>".
+  explicit OutputLedger(Report report = {}, const std::vector<std::string>& sources = {});
 
   // Whether a file stands at `path` for the naming rules: one this run has written, or one on
   // disk that the Overwrite policy has not given up.
@@ -29,23 +30,24 @@ class OutputLedger {
   void GiveUp(const std::string& path);
 
   // `temporary` holds the finished file for `target`, written for row `row`. It is renamed over
-  // `target` now, or once every later row reading `target` has been read. A rename that fails
-  // is reported as "cannot write <target>".
-  void Place(const std::string& temporary, const std::string& target, std::size_t row, const Report& report);
+  // `target` now, or once every later row reading `target` has been read.
+  void Place(const std::string& temporary, const std::string& target, std::size_t row);
   // Row `row` has been read: files held back for it go in place, in the order they came.
-  void RowRead(std::size_t row, const Report& report);
+  void RowRead(std::size_t row);
   // Puts every file still held back in place (the end of a run).
-  void PlaceAll(const Report& report);
+  void PlaceAll();
 
  private:
   struct Waiting {
-    std::string temporary, target;
+    std::string temporary, target, key;
     std::size_t release_row;
   };
   // One spelling per file: the real path of its folder and its own name.
   std::string Key(const std::string& path);
-  void Release(std::size_t up_to_row, const Report& report);
+  void Release(std::size_t up_to_row);
+  void Rename(const std::string& temporary, const std::string& target);
 
+  Report report_;
   std::unordered_map<std::string, std::string> real_folders_;
   std::unordered_map<std::string, std::size_t> last_reader_;  // key of a source -> last row reading it
   std::unordered_set<std::string> given_up_;

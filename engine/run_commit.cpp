@@ -22,10 +22,6 @@ void ShowChainProgress(RunContext& run) {
   }
 }
 
-OutputLedger::Report FailureLog(RunContext& run) {
-  return [&run](const std::string& message) { run.view.LogFailure(message); };
-}
-
 // Writes a page's encoded bytes under a temporary name and hands the finished file to the ledger,
 // which renames it over `target`.
 void PlaceEncodedPage(RunContext& run, const FinishedPage& page, const std::string& target, std::size_t row,
@@ -33,7 +29,7 @@ void PlaceEncodedPage(RunContext& run, const FinishedPage& page, const std::stri
   if (!page.encoded_ok) return;
   const std::string temporary = TemporaryNameFor(target);
   run.lib.WriteEncodedImage(page.encoded, temporary, result);
-  if (result != 0) run.outputs.Place(temporary, target, row, FailureLog(run));
+  if (result != 0) run.outputs.Place(temporary, target, row);
 }
 
 void WritePage(RunContext& run, const SourcePlan& plan, const FinishedPage& page, int page_index,
@@ -63,7 +59,7 @@ void PlaceMultipageFile(RunContext& run, const SourcePlan& plan, const FinishedS
     if (!plan.TargetPath.empty()) run.view.LogFailure(kCannotWrite + plan.TargetPath);
     return;
   }
-  run.outputs.Place(finished.multipage_file, plan.TargetPath, static_cast<std::size_t>(plan.row), FailureLog(run));
+  run.outputs.Place(finished.multipage_file, plan.TargetPath, static_cast<std::size_t>(plan.row));
 }
 
 }  // namespace
@@ -82,7 +78,7 @@ SourcePlan PlanSource(RunContext& run, const std::string& path, std::int64_t row
   return plan;
 }
 
-void CommitSource(RunContext& run, const SourcePlan& plan, FinishedSource& finished) {
+void CommitSource(RunContext& run, const SourcePlan& plan, const FinishedSource& finished) {
   for (const std::string& failure : finished.failures) run.view.LogFailure(failure);
   std::string TargetPath = plan.TargetPath;
   const std::size_t page_count = finished.pages.size();

@@ -17,7 +17,14 @@
 namespace velmora::engine {
 
 struct RunContext {
-  RunContext(AppState& app_state, RunView& run_view) : state(app_state), view(run_view) {}
+  RunContext(AppState& app_state, RunView& run_view) : state(app_state), view(run_view), outputs(FailureLog()) {}
+  RunContext(const RunContext&) = delete;
+  RunContext& operator=(const RunContext&) = delete;
+
+  // Where failures go: the view's log.
+  OutputLedger::Report FailureLog() {
+    return [this](const std::string& message) { view.LogFailure(message); };
+  }
 
   imaging::ImagingLibrary lib;
   AppState& state;
@@ -41,6 +48,6 @@ SourcePlan PlanSource(RunContext& run, const std::string& path, std::int64_t row
 
 // Shows the page steps of a finished source and writes its pages, in order: the percent texts of
 // the chain, the index cell, then the file.
-void CommitSource(RunContext& run, const SourcePlan& plan, FinishedSource& finished);
+void CommitSource(RunContext& run, const SourcePlan& plan, const FinishedSource& finished);
 
 }  // namespace velmora::engine

@@ -17,7 +17,7 @@ SourceExecutor::SourceExecutor(const RunJob& job, imaging::ImagingLibrary& lib, 
   threads = std::min(threads, std::max<std::size_t>(1, rows.size()));
   // One worker goes through the sources in turn with one chain state, as a plain loop would;
   // several workers start each source from the state a pass of the chain leaves.
-  if (threads == 1) carried_ = ChainStateForRow(job, 0);
+  one_state_ = threads == 1;
   capacity_ = threads + 1;
   for (std::size_t i = 0; i < threads; ++i) workers_.emplace_back([this] { Work(); });
 }
@@ -32,15 +32,6 @@ SourceExecutor::~SourceExecutor() {
   if (carried_) ReleaseOwnedWatermark(lib_, *carried_);
 }
 
-FinishedSource SourceExecutor::Transform(std::size_t row) {
-  const auto row_number = static_cast<std::int64_t>(row);
-  if (carried_) return TransformSource(job_, lib_, rows_[row], row_number, *carried_);
-  ChainState chain = ChainStateForRow(job_, row);
-  FinishedSource finished = TransformSource(job_, lib_, rows_[row], row_number, chain);
-  ReleaseOwnedWatermark(lib_, chain);
-  return finished;
-}
-
 void SourceExecutor::Work() {
   for (;;) {
     std::size_t row = 0;
@@ -50,12 +41,7 @@ void SourceExecutor::Work() {
       if (stopping_ || next_row_ >= rows_.size()) return;
       row = next_row_++;
     }
-    FinishedSource finished;
-    try {
-      finished = Transform(row);
-    } catch (...) {
-      finished = UnreadableSource("out of memory while converting " + rows_[row]);
-    }
+    FinishedSource finished = TransformRow(job_, lib_, rows_[row], row, one_state_ ? &carried_ : nullptr);
     {
       std::lock_guard lock(mutex_);
       finished_.emplace(row, std::move(finished));

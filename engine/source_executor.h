@@ -29,13 +29,13 @@ class SourceExecutor : public SourceQueue {
 
  private:
   void Work();
-  FinishedSource Transform(std::size_t row);
 
   const RunJob& job_;
   imaging::ImagingLibrary& lib_;
   const std::vector<std::string>& rows_;
   std::size_t capacity_;
-  std::optional<ChainState> carried_;  // the one chain state of a job that runs its sources in turn
+  bool one_state_ = false;  // a single worker: one chain state for all rows
+  std::optional<ChainState> carried_;
 
   std::mutex mutex_;
   std::condition_variable ready_, room_;

@@ -59,12 +59,16 @@ void RunChain(const RunJob& job, imaging::ImagingLibrary& lib, Handle& page, Cha
   }
 }
 
-// The preview's page scaled down to the frame when it is larger, as a picture to show.
-bool FitForDisplay(const RunJob& job, imaging::ImagingLibrary& lib, Handle page, imaging::DisplayPicture& picture) {
+// `page` as a picture to show, scaled down first when `rule` (FitPreview or FitSourceBox) says so
+// for a frame of `frame_width` by `frame_height`.
+template <typename Fit>
+bool FittedPicture(imaging::ImagingLibrary& lib, Handle page,
+                   Fit (*rule)(std::int64_t, std::int64_t, std::int64_t, std::int64_t), int frame_width,
+                   int frame_height, imaging::DisplayPicture& picture) {
   std::uint32_t w = 0, h = 0;
   lib.FreeImage_GetWidth(page, w);
   lib.FreeImage_GetHeight(page, h);
-  const FitResult fit = FitPreview(w, h, job.preview_frame_width, job.preview_frame_height);
+  const Fit fit = rule(w, h, frame_width, frame_height);
   CallResult result = 0;
   if (fit.rescale) lib.FreeImage_Rescale(page, fit.width, fit.height, 1, result);
   lib.MakeDisplayPicture(page, picture, result);
@@ -81,6 +85,23 @@ void LoadSinglePage(imaging::ImagingLibrary& lib, const std::string& path, Handl
     lib.FreeImage_Load(path, page, imaging::kFormatUnknown, 0, result);
 }
 
+FinishedSource TransformRow(const RunJob& job, imaging::ImagingLibrary& lib, const std::string& path, std::size_t row,
+                            std::optional<ChainState>* carried) {
+  const auto row_number = static_cast<std::int64_t>(row);
+  try {
+    if (carried) {
+      if (!*carried) *carried = ChainStateForRow(job, row);
+      return TransformSource(job, lib, path, row_number, **carried);
+    }
+    ChainState chain = ChainStateForRow(job, row);
+    FinishedSource finished = TransformSource(job, lib, path, row_number, chain);
+    ReleaseOwnedWatermark(lib, chain);
+    return finished;
+  } catch (...) {
+    return UnreadableSource("out of memory while converting " + path);
+  }
+}
+
 FinishedSource PictureOfSource(imaging::ImagingLibrary& lib, const std::string& path, int box_width, int box_height) {
   FinishedSource finished;
   finished.pages.assign(1, FinishedPage{});
@@ -89,13 +110,7 @@ FinishedSource PictureOfSource(imaging::ImagingLibrary& lib, const std::string& 
   lib.FreeImage_Load(path, image, imaging::kFormatUnknown, 0, result);
   if (result == 0) return finished;
   finished.pages[0].readable = true;
-  std::uint32_t width = 0, height = 0;
-  lib.FreeImage_GetWidth(image, width);
-  lib.FreeImage_GetHeight(image, height);
-  const BoxFit fit = FitSourceBox(width, height, box_width, box_height);
-  if (fit.rescale) lib.FreeImage_Rescale(image, fit.width, fit.height, 1, result);
-  lib.MakeDisplayPicture(image, finished.picture, result);
-  finished.picture_ok = result != 0;
+  finished.picture_ok = FittedPicture(lib, image, FitSourceBox, box_width, box_height, finished.picture);
   lib.Release(image);
   return finished;
 }
@@ -146,7 +161,9 @@ FinishedSource TransformSource(const RunJob& job, imaging::ImagingLibrary& lib, 
     finished.multipage_ok = result != 0;
     if (!finished.multipage_ok) DiscardTemporary(finished.multipage_file);
   }
-  if (job.preview && !kept.empty()) finished.picture_ok = FitForDisplay(job, lib, kept.front(), finished.picture);
+  if (job.preview && !kept.empty())
+    finished.picture_ok = FittedPicture(lib, kept.front(), FitPreview, job.preview_frame_width,
+                                        job.preview_frame_height, finished.picture);
   for (const Handle page : kept) lib.Release(page);
   return finished;
 }

@@ -3,6 +3,7 @@
 // the shared imaging object and the state it is given, nothing else.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -36,6 +37,12 @@ struct FinishedSource {
 // only in a preview.
 FinishedSource TransformSource(const RunJob& job, imaging::ImagingLibrary& lib, const std::string& path,
                                std::int64_t row, ChainState& chain);
+
+// TransformSource for the source of `row` and a chain state of its own: the one a row starts from,
+// or, given `carried`, the one state every row shares in turn (made for the first row that comes).
+// Never throws: running out of memory gives an unreadable source.
+FinishedSource TransformRow(const RunJob& job, imaging::ImagingLibrary& lib, const std::string& path, std::size_t row,
+                            std::optional<ChainState>* carried);
 
 // The source as the preview's source box shows it: its first image read by content and fitted to
 // a box of `box_width` by `box_height` (`picture_ok` false when it can't be read).

@@ -30,22 +30,10 @@ int RunWorkerLoop(int in, int out) {
   while (ReceiveMessage(in, message)) {
     WorkerRow request;
     if (!DecodeWorkerRow(message, request)) return 2;
-    const auto row = static_cast<std::int64_t>(request.row);
-    FinishedSource finished;
-    try {
-      if (spec.source_picture) {
-        finished = PictureOfSource(lib, request.path, spec.frame_width, spec.frame_height);
-      } else if (job.carries_page_state) {
-        if (!carried) carried = ChainStateForRow(job, request.row);
-        finished = TransformSource(job, lib, request.path, row, *carried);
-      } else {
-        ChainState chain = ChainStateForRow(job, request.row);
-        finished = TransformSource(job, lib, request.path, row, chain);
-        ReleaseOwnedWatermark(lib, chain);
-      }
-    } catch (...) {
-      finished = UnreadableSource("out of memory while converting " + request.path);
-    }
+    const FinishedSource finished =
+        spec.source_picture
+            ? PictureOfSource(lib, request.path, spec.frame_width, spec.frame_height)
+            : TransformRow(job, lib, request.path, request.row, job.carries_page_state ? &carried : nullptr);
     if (!SendMessage(out, EncodeFinishedSource(finished))) return 2;
   }
   return 0;

