@@ -54,9 +54,11 @@ RunJob MakeRunJob(const AppState& state, imaging::ImagingLibrary& lib) {
 }
 
 ChainState ChainStateForRow(const RunJob& job, std::size_t row) {
+  // The first source meets the values the run started with; every later one what a whole pass
+  // of the chain left, which is the same after any number of passes.
   ChainState chain;
   if (row == 0) {
-    chain.font = job.font_after_pass;
+    chain.font = job.font_at_start;
   } else {
     chain.font = job.font_after_pass;
     chain.watermark = job.warm_watermark;

@@ -182,5 +182,36 @@ TEST_F(Operations, BlankTextDrawsNothing) {
   EXPECT_EQ(InkColumns(result(), 60, 30).first, -1);
 }
 
+TEST_F(Operations, EachSourceStartsTheChainFromTheFontStateBeforeIt) {
+  // The first source starts from the font values the run began with; every later source from
+  // what the previous pass left, here the second watermark's 40-point bold face.
+  const std::string start = "16711680|False|False|False|DejaVu Sans|10|False";
+  const std::string after_pass = "16711680|False|False|False|DejaVu Sans|40|True";
+  Block colour_only = NewBlock(kWatermark, 0);
+  colour_only.WatermarkSource = "Vm";
+  colour_only.WatermarkFont = "16711680";
+  Block large_bold = NewBlock(kWatermark, 0);
+  large_bold.WatermarkSource = " ";  // sets the font, draws nothing
+  large_bold.WatermarkFont = "0|False|False|False|DejaVu Sans|40|True";
+
+  ASSERT_TRUE(WriteSolidImage(src.file("a.png"), 120, 60, 0xFFFFFF));
+  ASSERT_TRUE(WriteSolidImage(src.file("b.png"), 120, 60, 0xFFFFFF));
+  AppState state = MakeJob(out.slash());
+  state.output.OutputFormat = 3;
+  state.output.ColorDepth = 1;
+  state.output.NameTemplate = "{title}.png";
+  state.blocks = Blocks({colour_only, large_bold});
+  ParseWatermarkFont(state.font, start);
+  RunJob(state, {src.file("a.png"), src.file("b.png")});
+
+  for (const auto& [output, font] : {std::pair{"a.png", start}, std::pair{"b.png", after_pass}}) {
+    SCOPED_TRACE(output);
+    Block complete = colour_only;
+    complete.WatermarkFont = font;
+    Convert(120, 60, {complete}, 0xFFFFFF);
+    EXPECT_EQ(testing::ReadWholeFile(out.file(output)), testing::ReadWholeFile(result()));
+  }
+}
+
 }  // namespace
 }  // namespace velmora::engine
