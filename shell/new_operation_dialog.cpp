@@ -1,6 +1,7 @@
 // The new-operation list and its rows' drawing.
 #include "shell/new_operation_dialog.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 #include <QStyledItemDelegate>
 
@@ -64,11 +65,7 @@ NewOperationDialog::NewOperationDialog(MainWindow* window)
   list_->setItemDelegate(new RowDelegate(list_));
   list_->setFont(QFont(QStringLiteral("MS Sans Serif")));
   list_->setUniformItemSizes(true);
-  for (std::size_t i = 0; i < NewOperationRows().size(); ++i) {
-    auto* item = new QListWidgetItem(NewOperationRows()[i].title, list_);
-    item->setData(Qt::UserRole, static_cast<int>(i));
-    item->setToolTip(NewOperationRows()[i].body);
-  }
+  list_->viewport()->installEventFilter(this);
   ok_ = MakeButton("Command1", "OK", 224, 400);
   cancel_ = MakeButton("Command2", "Cancel", 304, 400);
   ok_->setDefault(true);
@@ -82,8 +79,15 @@ NewOperationDialog::NewOperationDialog(MainWindow* window)
 }
 
 void NewOperationDialog::Open() {
-  list_->clearSelection();
+  // Every opening starts from a freshly filled list, scrolled to the top, with nothing selected.
+  list_->clear();
+  for (std::size_t i = 0; i < NewOperationRows().size(); ++i) {
+    auto* item = new QListWidgetItem(NewOperationRows()[i].title, list_);
+    item->setData(Qt::UserRole, static_cast<int>(i));
+    item->setToolTip(NewOperationRows()[i].body);
+  }
   list_->setCurrentRow(-1);
+  list_->scrollToTop();
   ok_->setEnabled(true);
   timer_->start();
   ShowOwned();
@@ -116,6 +120,20 @@ void NewOperationDialog::Accept() {
   accept();
   window_->state().preview.PreviewDirty = engine::kTrue;
   window_->Timer2_Timer();
+}
+
+bool NewOperationDialog::eventFilter(QObject* watched, QEvent* event) {
+  // A double click on the list below its last row chooses nothing, yet closes the dialog and
+  // polls the preview like a double click on a row.
+  if (watched == list_->viewport() && event->type() == QEvent::MouseButtonDblClick) {
+    const QPoint at = static_cast<QMouseEvent*>(event)->position().toPoint();
+    if (!list_->indexAt(at).isValid()) {
+      list_->clearSelection();
+      Accept();
+      return true;
+    }
+  }
+  return DialogFrame::eventFilter(watched, event);
 }
 
 void NewOperationDialog::done(int result) {

@@ -30,6 +30,7 @@ class NewOperationDialog : public DialogFrame {
 
  protected:
   void done(int result) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   MainWindow* window_;

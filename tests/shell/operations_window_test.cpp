@@ -79,6 +79,32 @@ TEST_F(OperationsTest, ADoubleClickAddsTheRow) {
   EXPECT_EQ(window->operationList()->StructCaption(Last())->title(), "Effect");
 }
 
+TEST_F(OperationsTest, EveryOpeningStartsAtTheTopAndADoubleClickBelowTheRowsOnlyCloses) {
+  QTest::mouseClick(window->fr2()->Button8(), Qt::LeftButton);
+  shell::NewOperationDialog* dialog = window->Form9();
+  QListWidget* list = dialog->lw1();
+  list->setCurrentRow(7);
+  list->scrollToBottom();
+  QCoreApplication::processEvents();
+  const QPoint below_rows(20, list->visualItemRect(list->item(7)).bottom() + 8);
+  ASSERT_LT(below_rows.y(), list->viewport()->height());
+  // A worker still running keeps the poll from starting another, so the forced mark it sets
+  // stays up and shows that the poll took the dirty mark.
+  state->preview.ThreadRunning = engine::kTrue;
+  state->preview.PreviewForced = engine::kFalse;
+  const int before = Last();
+  QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, below_rows);
+  EXPECT_TRUE(dialog->isHidden());
+  EXPECT_EQ(Last(), before);
+  EXPECT_NE(state->preview.PreviewForced, engine::kFalse);
+  state->preview.ThreadRunning = engine::kFalse;
+
+  QTest::mouseClick(window->fr2()->Button8(), Qt::LeftButton);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(list->indexAt(QPoint(20, 5)).row(), 0);
+  EXPECT_EQ(dialog->SelectedRow(), 0);
+}
+
 TEST_F(OperationsTest, ResizePanelEditsReachTheChain) {
   AddOperation(1);
   const int index = Last();
