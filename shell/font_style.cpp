@@ -14,6 +14,7 @@ FontRequest MakeFontRequest(const engine::FontState& font) {
   request.italic = font.FontItalic != engine::kFalse;
   request.underline = font.FontUnderline != engine::kFalse;
   request.strikeout = font.FontStrikeOut != engine::kFalse;
+  request.color = font.FontColor;
   return request;
 }
 

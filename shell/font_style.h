@@ -17,7 +17,7 @@ struct FontRequest {
   std::int32_t tenths = 0;  // FontSize x 10, the point size in tenths
   int weight = 400;         // 700 when bold
   bool italic = false, underline = false, strikeout = false;
-  std::int32_t color = 0;  // the colour is not handed in: the chooser starts with black
+  std::int32_t color = 0;  // FontColor; the chooser still starts with black and keeps this on a cancel
 };
 
 // What a confirmed chooser gives back.

@@ -100,12 +100,12 @@ std::optional<FontAnswer> QtShellServices::ChooseFont(const FontRequest& request
   const QFont font = QFontDialog::getFont(&ok, start, font_owner_, QString(), QFontDialog::ScalableFonts);
   if (!ok) return std::nullopt;
   // The effects colour of the system chooser: it starts from black, not from the stored colour.
+  // The font is already confirmed, so a cancel here keeps the old colour and nothing else.
   const QColor color = QColorDialog::getColor(Qt::black, font_owner_);
-  if (!color.isValid()) return std::nullopt;
   FontAnswer answer;
   answer.face = QFontInfo(font).family().toStdString();
   answer.tenths = static_cast<std::int32_t>(font.pointSizeF() * 10.0 + 0.5);
-  answer.color = color.red() | (color.green() << 8) | (color.blue() << 16);
+  answer.color = color.isValid() ? color.red() | (color.green() << 8) | (color.blue() << 16) : request.color;
   answer.bold = font.weight() >= QFont::Bold;
   answer.italic = font.italic();
   answer.underline = font.underline();

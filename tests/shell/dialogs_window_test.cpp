@@ -1,10 +1,14 @@
 // The four dialogs opened from the window: one instance each, not modal, filled on every opening.
 #include <QCheckBox>
+#include <QColorDialog>
 #include <QComboBox>
+#include <QFontDialog>
 #include <QLineEdit>
+#include <QTimer>
 
 #include "shell/about_dialog.h"
 #include "shell/format_dialog.h"
+#include "shell/qt_shell_services.h"
 #include "shell/settings_dialog.h"
 #include "tests/shell/window_fixture.h"
 
@@ -121,6 +125,39 @@ TEST_F(DialogsTest, TheWindowStaysUsableWhileADialogIsOpen) {
   EXPECT_EQ(window->wizard().WizardStep, 1);
   EXPECT_TRUE(window->Form3()->isVisible());
   EXPECT_TRUE(window->Form9()->isVisible());
+}
+
+// The style chooser: a font dialog, then a colour dialog. A confirmed font stands whatever the
+// colour dialog does; a colour cancelled keeps the colour asked for.
+TEST_F(DialogsTest, AConfirmedFontSurvivesACancelledColour) {
+  for (const bool confirm_colour : {false, true}) {
+    SCOPED_TRACE(confirm_colour ? "colour confirmed" : "colour cancelled");
+    QTimer answerer;
+    QObject::connect(&answerer, &QTimer::timeout, [&] {
+      QWidget* modal = QApplication::activeModalWidget();
+      if (auto* fonts = qobject_cast<QFontDialog*>(modal)) {
+        QFont large(QStringLiteral("DejaVu Sans"));
+        large.setPointSize(48);
+        fonts->setCurrentFont(large);
+        fonts->accept();
+      } else if (auto* colours = qobject_cast<QColorDialog*>(modal)) {
+        colours->setCurrentColor(QColor(0, 0, 255));
+        if (confirm_colour)
+          colours->accept();
+        else
+          QTest::keyClick(colours, Qt::Key_Escape);
+      }
+    });
+    answerer.start(20);
+    shell::FontRequest request;
+    request.face = "DejaVu Sans";
+    request.tenths = 120;
+    request.color = 0x00FF00;
+    const std::optional<shell::FontAnswer> answer = shell::QtShellServices().ChooseFont(request);
+    ASSERT_TRUE(answer);
+    EXPECT_EQ(answer->tenths, 480);
+    EXPECT_EQ(answer->color, confirm_colour ? 0xFF0000 : 0x00FF00);
+  }
 }
 
 }  // namespace

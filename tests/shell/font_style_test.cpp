@@ -31,14 +31,15 @@ TEST(FontStyle, AnEmptyStringStartsFromTheLastUse) {
   font.FontFace = "DejaVu Serif";
   font.FontSize = 15;
   font.FontBold = engine::kTrue;
+  font.FontColor = 0x336699;
   ScriptedChooser chooser;
-  EXPECT_EQ(StyleButtonFlow("", font, chooser), "0|False|False|False|DejaVu Serif|15|True");
+  EXPECT_EQ(StyleButtonFlow("", font, chooser), "3368601|False|False|False|DejaVu Serif|15|True");
   const FontRequest& request = chooser.requests[0];
   EXPECT_EQ(request.face, "DejaVu Serif");
   EXPECT_EQ(request.height, 20);  // 15 x 1.3 = 19.5, to the even neighbour
   EXPECT_EQ(request.tenths, 150);
   EXPECT_EQ(request.weight, 700);
-  EXPECT_EQ(request.color, 0);
+  EXPECT_EQ(request.color, 0x336699);
 }
 
 TEST(FontStyle, TheStoredStringIsParsedAndTheAnswerTaken) {
