@@ -28,6 +28,10 @@ UrlHandle NewUrlHandle() {
   return UrlHandle(curl_url());
 }
 
+void ConnectWithoutProxy(CURL* handle) {
+  curl_easy_setopt(handle, CURLOPT_PROXY, "");
+}
+
 void AppendLine(StringList& list, const std::string& line) {
   if (curl_slist* grown = curl_slist_append(list.get(), line.c_str())) {
     (void)list.release();

@@ -32,6 +32,10 @@ EasyHandle NewEasyHandle();
 MultiHandle NewMultiHandle();
 UrlHandle NewUrlHandle();
 
+// Makes the handle connect directly: the proxy variables of the environment (http_proxy,
+// ftp_proxy, ALL_PROXY and the rest) are not read. Must follow every curl_easy_reset.
+void ConnectWithoutProxy(CURL* handle);
+
 // Adds one line to a list (header lines, FTP commands); the list stays valid on failure.
 void AppendLine(StringList& list, const std::string& line);
 

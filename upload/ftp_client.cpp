@@ -27,6 +27,11 @@ size_t ReadFromFile(char* buffer, size_t size, size_t count, void* file) {
 
 }  // namespace
 
+bool ActiveDataConnectionsKeepTls() {
+  const unsigned version = curl_version_info(CURLVERSION_NOW)->version_num;
+  return version < 0x075700 || version >= 0x080000;
+}
+
 struct FtpClient::Impl {
   std::string ca_file;
   EasyHandle easy;
@@ -88,10 +93,17 @@ struct FtpClient::Impl {
 
   void SetError(const std::string& operation, CURLcode code) {
     std::string words = error_text[0] ? error_text : curl_easy_strerror(code);
-    // An error reply of the server says more than the library's summary of it.
-    if (!last_reply.empty() && (last_reply[0] == '4' || last_reply[0] == '5')) words += "; server said: " + last_reply;
+    // An error reply of the server says more than the library's summary of it. A 421 (service
+    // not available, the server closes the session) is reported by libcurl as a time-out, which
+    // it is not: there the server's words stand alone.
+    if (last_reply.rfind("421", 0) == 0)
+      words = "server said: " + last_reply;
+    else if (!last_reply.empty() && (last_reply[0] == '4' || last_reply[0] == '5'))
+      words += "; server said: " + last_reply;
     SetError(operation, words, static_cast<int>(code));
   }
+
+  bool UsesActiveMode() const { return !connection.Passive && (!connection.Secure || ActiveDataConnectionsKeepTls()); }
 
   // The options every request of the session shares; the rest are set per request.
   bool Configure(const std::string& url) {
@@ -104,6 +116,7 @@ struct FtpClient::Impl {
     curl_easy_setopt(h, CURLOPT_URL, url.c_str());
     curl_easy_setopt(h, CURLOPT_ERRORBUFFER, error_text);
     curl_easy_setopt(h, CURLOPT_NOSIGNAL, 1L);
+    ConnectWithoutProxy(h);
     curl_easy_setopt(h, CURLOPT_VERBOSE, 1L);
     curl_easy_setopt(h, CURLOPT_DEBUGFUNCTION, OnDebug);
     curl_easy_setopt(h, CURLOPT_DEBUGDATA, this);
@@ -111,7 +124,7 @@ struct FtpClient::Impl {
     curl_easy_setopt(h, CURLOPT_PASSWORD, connection.Password.c_str());
     curl_easy_setopt(h, CURLOPT_CONNECTTIMEOUT, connection.ConnectTimeoutSeconds);
     curl_easy_setopt(h, CURLOPT_FTP_FILEMETHOD, static_cast<long>(CURLFTPMETHOD_NOCWD));
-    if (!connection.Passive) curl_easy_setopt(h, CURLOPT_FTPPORT, "-");
+    if (UsesActiveMode()) curl_easy_setopt(h, CURLOPT_FTPPORT, "-");
     if (connection.Secure) {
       curl_easy_setopt(h, CURLOPT_USE_SSL, static_cast<long>(CURLUSESSL_ALL));
       curl_easy_setopt(h, CURLOPT_FTPSSLAUTH, static_cast<long>(CURLFTPAUTH_TLS));
@@ -193,6 +206,9 @@ bool FtpClient::Connect(const FtpConnection& connection) {
     impl_->Note("* " + words);
     return false;
   }
+  if (!connection.Passive && !impl_->UsesActiveMode())
+    impl_->Note("* This libcurl (" + std::string(curl_version_info(CURLVERSION_NOW)->version) +
+                ") cannot protect an active data connection; data connections are opened passively, under TLS");
   impl_->connected = impl_->Command("Connect", {}) == CURLE_OK;
   return impl_->connected;
 }

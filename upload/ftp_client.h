@@ -21,6 +21,11 @@ struct FtpConnection {
   bool KeepSessionLog = false;
 };
 
+// False for the libcurl releases (7.87 and 7.88) that open an active data connection without
+// TLS even when the session asks for it; with those a secure session opens its data connections
+// passively, still under TLS, and its log says so.
+bool ActiveDataConnectionsKeepTls();
+
 class FtpClient {
  public:
   // `extra_ca_file`: a certificate authority file to trust instead of the default bundle ("" for

@@ -61,6 +61,7 @@ struct HttpClient::Impl {
     curl_easy_setopt(h, CURLOPT_URL, url.c_str());
     curl_easy_setopt(h, CURLOPT_ERRORBUFFER, error_text);
     curl_easy_setopt(h, CURLOPT_NOSIGNAL, 1L);
+    ConnectWithoutProxy(h);
     curl_easy_setopt(h, CURLOPT_CONNECTTIMEOUT, kConnectSeconds);
     curl_easy_setopt(h, CURLOPT_LOW_SPEED_LIMIT, 1L);
     curl_easy_setopt(h, CURLOPT_LOW_SPEED_TIME, kStallSeconds);

@@ -1,7 +1,8 @@
 """FTP server for the upload tests, on 127.0.0.1 and a port the system picks.
 
 Prints "READY <port>" once listening. With --cert/--key it requires TLS on the control and data
-channels; with --cut-after N it drops the session once N bytes of an upload have arrived.
+channels; with --cut-after N it drops the session once N bytes of an upload have arrived; with
+--busy it refuses every session with 421, as a server that has too many.
 """
 import argparse
 import logging
@@ -19,6 +20,7 @@ def main():
     parser.add_argument("--cert")
     parser.add_argument("--key")
     parser.add_argument("--cut-after", type=int, default=0)
+    parser.add_argument("--busy", action="store_true")
     args = parser.parse_args()
     logging.basicConfig(level=logging.WARNING)
 
@@ -56,6 +58,8 @@ def main():
         Handler.get_ssl_context().set_session_id(b"velmora-tests")
 
     server = FTPServer(("127.0.0.1", 0), Handler)
+    if args.busy:
+        server.max_cons = 1  # the listening socket alone fills it
     print("READY %d" % server.socket.getsockname()[1], flush=True)
     server.serve_forever()
 

@@ -1,6 +1,8 @@
 // The FTP upload against a real FTP server on 127.0.0.1, plain and with TLS.
 #include "upload/ftp_upload.h"
 
+#include "upload/ftp_client.h"
+
 #include <filesystem>
 
 #include "tests/upload/upload_fixture.h"
@@ -49,6 +51,7 @@ class FtpUploadTest : public UploadFixture {
 
 TEST_F(FtpUploadTest, FilesArriveByteIdenticalOneAfterAnother) {
   StartServer();
+  SetDeadProxies();  // never read: the session goes straight to the server
   const std::string first = AddWrittenFile("first.jpg", 300000), second = AddWrittenFile("second.png", 4099);
   Upload();
   EXPECT_TRUE(Remote("first.jpg") == first) << "bytes differ";
@@ -82,17 +85,28 @@ TEST_F(FtpUploadTest, ActiveModePortWithLettersAndTrailingSlashInPath) {
   EXPECT_NE(log.find("STOR /incoming//active.bmp"), std::string::npos) << log;
 }
 
-TEST_F(FtpUploadTest, SecureFtpProtectsControlAndData) {
+TEST_F(FtpUploadTest, SecureFtpProtectsControlAndDataInBothModes) {
+  // The server refuses any channel that is not under TLS.
   StartServer(true);
   state.settings.FtpSecure = engine::kTrue;
   hosts.ExtraCaFile = certificate().cert;
-  const std::string content = AddWrittenFile("secure.jpg", 123457);
-  Upload();
-  EXPECT_TRUE(Remote("secure.jpg") == content) << "bytes differ" << view.session_logs.at(0);
-  EXPECT_TRUE(view.messages.empty());
-  const std::string& log = view.session_logs.at(0);
-  EXPECT_NE(log.find("AUTH TLS"), std::string::npos);
-  EXPECT_NE(log.find("PROT P"), std::string::npos);
+  for (const std::int16_t passive : {1, 0}) {
+    SCOPED_TRACE(passive ? "passive" : "active");
+    view = RecordingUploadView();
+    state.settings.FtpPassive = passive;
+    const std::string name = passive ? "passive.jpg" : "active.jpg";
+    const std::string content = AddWrittenFile(name, 123457);
+    Upload();
+    ASSERT_EQ(view.session_logs.size(), 1u);
+    EXPECT_TRUE(Remote(name) == content) << "bytes differ" << view.session_logs[0];
+    EXPECT_TRUE(view.messages.empty());
+    EXPECT_NE(view.session_logs[0].find("AUTH TLS"), std::string::npos);
+    EXPECT_NE(view.session_logs[0].find("PROT P"), std::string::npos);
+    // Where libcurl cannot put an active data connection under TLS, the data goes passively.
+    const bool active = !passive && upload::ActiveDataConnectionsKeepTls();
+    EXPECT_EQ(view.session_logs[0].find("EPRT") != std::string::npos, active) << view.session_logs[0];
+    EXPECT_EQ(view.session_logs[0].find("opened passively") != std::string::npos, !passive && !active);
+  }
 }
 
 TEST_F(FtpUploadTest, SecureFtpRefusesAnUntrustedCertificate) {
@@ -110,6 +124,15 @@ TEST_F(FtpUploadTest, WrongPasswordShowsTheServersRefusal) {
   AddWrittenFile("never.jpg", 10);
   Upload();
   ExpectFailedConnect("530");
+}
+
+TEST_F(FtpUploadTest, ABusyServerIsQuotedNotCalledATimeOut) {
+  ASSERT_TRUE(server.Start(temp.file("root"), "velmora", "s3cret", nullptr, 0, /*busy=*/true));
+  state.settings.FtpPort = std::to_string(server.port());
+  Upload();
+  ExpectFailedConnect("421");
+  EXPECT_EQ(view.messages.at(0).text.find("imeout"), std::string::npos) << view.messages[0].text;
+  EXPECT_EQ(view.messages.at(0).text.find("imed out"), std::string::npos) << view.messages[0].text;
 }
 
 TEST_F(FtpUploadTest, RefusedConnection) {

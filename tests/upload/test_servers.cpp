@@ -59,11 +59,12 @@ bool TestCertificate::Make(const std::string& folder) {
 }
 
 bool FtpTestServer::Start(const std::string& root, const std::string& user, const std::string& password,
-                          const TestCertificate* certificate, long cut_after) {
+                          const TestCertificate* certificate, long cut_after, bool busy) {
   std::vector<std::string> argv = {
       PythonWithFtpLibrary(), Script("ftp_test_server.py"), "--root", root, "--user", user, "--password", password,
       "--cut-after",          std::to_string(cut_after)};
   if (certificate) argv.insert(argv.end(), {"--cert", certificate->cert, "--key", certificate->key});
+  if (busy) argv.push_back("--busy");
   if (argv[0].empty() || !process_.Start(argv)) return false;
   const auto ready = process_.ReadLine(kStartTimeoutMs);
   return ready && std::sscanf(ready->c_str(), "READY %d", &port_) == 1;

@@ -22,9 +22,9 @@ struct TestCertificate {
 class FtpTestServer {
  public:
   // Serves `root` to one user; TLS on both channels with `certificate`; drops the session
-  // after `cut_after` bytes of an upload when that is non-zero.
+  // after `cut_after` bytes of an upload when that is non-zero; `busy` refuses every session.
   bool Start(const std::string& root, const std::string& user, const std::string& password,
-             const TestCertificate* certificate = nullptr, long cut_after = 0);
+             const TestCertificate* certificate = nullptr, long cut_after = 0, bool busy = false);
   int port() const { return port_; }
 
  private:

@@ -50,6 +50,7 @@ TEST_F(UpdateCheckTest, NewerVersionAcceptedOpensTheSetupAndCloses) {
 }
 
 TEST_F(UpdateCheckTest, NewerVersionDeclinedDoesNothingMore) {
+  SetDeadProxies();  // never read: the check goes straight to the site
   EXPECT_EQ(CheckAgainst("<500>"), UpdateOutcome::kNewVersion);
   EXPECT_TRUE(view.opened_urls.empty());
   EXPECT_FALSE(view.main_window_closed);

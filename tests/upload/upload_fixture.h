@@ -9,6 +9,7 @@
 #include <string>
 
 #include "engine/app_state.h"
+#include "tests/settings/scoped_environment.h"
 #include "tests/support/test_support.h"
 #include "tests/upload/recording_upload_view.h"
 #include "tests/upload/test_servers.h"
@@ -42,10 +43,21 @@ class UploadFixture : public ::testing::Test {
 
   static const TestCertificate& certificate() { return certificate_; }
 
+  // Points every proxy variable libcurl knows at a port where nothing listens.
+  void SetDeadProxies() {
+    const std::string dead = "http://127.0.0.1:" + std::to_string(ClosedPort());
+    for (const char* name :
+         {"http_proxy", "https_proxy", "HTTPS_PROXY", "ftp_proxy", "FTP_PROXY", "all_proxy", "ALL_PROXY"})
+      environment.Set(name, dead);
+    environment.Unset("no_proxy");
+    environment.Unset("NO_PROXY");
+  }
+
   TempFolder temp;
   engine::AppState state;
   upload::UploadState upload;
   RecordingUploadView view;
+  ScopedEnvironment environment;
 
  private:
   static inline std::unique_ptr<TempFolder> certificate_folder_;
