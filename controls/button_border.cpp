@@ -93,6 +93,11 @@ void paint_border(QImage& image, const ButtonProperties& props, const ButtonLook
   if (props.ButtonShape < 0 || props.ButtonShape >= shape::kCount) return;
   ShapeRings rings(props.ButtonShape, image.width(), image.height());
   ring(image, rings, kOutlineInset, draw_color);
+  if (props.ButtonShape == shape::kRectangle) {
+    // The rectangle doubles its right and bottom edges one pixel further in.
+    const int w = image.width(), h = image.height();
+    paint_region(image, QRegion(w - 2, 1, 1, h - 2) + QRegion(1, h - 2, w - 2, 1), to_rgb(draw_color));
+  }
   paint_style_rims(image, rings, props, look);
 }
 

@@ -1,5 +1,7 @@
 #include "controls/label_text.h"
 
+#include <algorithm>
+
 #include <QFontMetrics>
 
 namespace velmora::controls {
@@ -51,7 +53,9 @@ std::optional<QSize> label_auto_size(int border_style, QSize text) {
 QString elide_path(const QString& text, int width, const std::function<int(const QString&)>& measure) {
   const QString dots = QStringLiteral("...");
   if (measure(text) <= width) return text;
-  const qsizetype last = text.lastIndexOf(QLatin1Char('\\'));
+  // The file name after the last separator stays whole; both separators count, the system's '/'
+  // and the '\\' of paths written elsewhere.
+  const qsizetype last = std::max(text.lastIndexOf(QLatin1Char('/')), text.lastIndexOf(QLatin1Char('\\')));
   if (last >= 0) {
     const QString tail = text.mid(last);
     for (qsizetype keep = last - 1; keep >= 0; --keep) {

@@ -45,7 +45,21 @@ constexpr auto F = Probe::Face;
 constexpr auto L = Probe::Line;
 
 TEST(ButtonShapes, Rectangle) {
-  Check(0, {{0, 0, L}, {79, 32, L}, {79, 16, L}, {40, 0, L}, {1, 1, F}, {40, 16, F}, {78, 31, F}}, {80, 33});
+  // The right and bottom edges are drawn twice, the second time one pixel further in.
+  Check(0,
+        {{0, 0, L},
+         {79, 32, L},
+         {79, 16, L},
+         {40, 0, L},
+         {78, 16, L},
+         {40, 31, L},
+         {78, 31, L},
+         {1, 1, F},
+         {40, 16, F},
+         {77, 30, F},
+         {2, 16, F},
+         {40, 2, F}},
+        {80, 33});
 }
 
 TEST(ButtonShapes, RoundedRectangle) {

@@ -78,13 +78,17 @@ TEST(LabelAutoSize, BorderAddsFourPixels) {
   EXPECT_FALSE(label_auto_size(2, {50, 14}).has_value());
 }
 
-TEST(LabelPathEllipsis, KeepsTheNameAfterTheLastBackslash) {
+TEST(LabelPathEllipsis, KeepsTheNameAfterTheLastSeparator) {
   auto count = [](const QString& s) { return static_cast<int>(s.size()); };
   const QString path = "C:\\dir\\sub\\file.txt";
   EXPECT_EQ(elide_path(path, 40, count), path);
   EXPECT_EQ(elide_path(path, 15, count), "C:\\...\\file.txt");
   EXPECT_EQ(elide_path(path, 12, count), "...\\file.txt");
   EXPECT_EQ(elide_path(path, 5, count), "...\\file.txt");
+  const QString home = "/home/anna/Pictures/Holiday/2009/beach.jpg";
+  EXPECT_EQ(elide_path(home, 30, count), "/home/anna/Pictur.../beach.jpg");
+  EXPECT_EQ(elide_path(home, 8, count), ".../beach.jpg");
+  EXPECT_EQ(elide_path("/mixed\\dir/name.png", 14, count), "/m.../name.png");
   EXPECT_EQ(elide_path("abcdefghij", 7, count), "ab...ij");
   EXPECT_EQ(elide_path("abcdefghij", 2, count), "...");
 }
