@@ -3,8 +3,11 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <memory>
+#include <optional>
 #include <system_error>
 
+#include "imaging/bmp_headers.h"
 #include "imaging/export_depth.h"
 #include "imaging/file_sanity.h"
 
@@ -31,16 +34,37 @@ int PageLoadFlags(FREE_IMAGE_FORMAT format, const std::string& path) {
   return 0;
 }
 
+// `load(flags)` gives a FreeImage bitmap; the header first, where the format allows, so that a
+// damaged size is caught before the allocation.
+template <typename Load>
+Bitmap ReadChecked(FREE_IMAGE_FORMAT format, int flags, Load load) {
+  const bool header_only = (flags & FIF_LOAD_NOPIXELS) != 0;
+  if (!header_only && FreeImage_FIFSupportsNoPixels(format)) {
+    Bitmap header(load(flags | FIF_LOAD_NOPIXELS));
+    if (!header || !PixelCountIsPlausible(header.get())) return nullptr;
+  }
+  return Bitmap(load(flags));
+}
+
+struct MemoryCloser {
+  void operator()(FIMEMORY* memory) const noexcept { FreeImage_CloseMemory(memory); }
+};
+
 // Every read goes through these two, which keep away files FreeImage would not survive.
 Bitmap Read(FREE_IMAGE_FORMAT format, const std::string& path, int flags) {
   if (!SafeToRead(format, path)) return nullptr;
-  const bool header_only = (flags & FIF_LOAD_NOPIXELS) != 0;
-  if (!header_only && FreeImage_FIFSupportsNoPixels(format)) {
-    // The header first, where the format allows: a damaged size is caught before the allocation.
-    Bitmap header(FreeImage_Load(format, path.c_str(), flags | FIF_LOAD_NOPIXELS));
-    if (!header || !PixelCountIsPlausible(header.get())) return nullptr;
+  if (format == FIF_BMP) {
+    if (std::optional<std::string> classic = ClassicBmpFile(path)) {
+      std::unique_ptr<FIMEMORY, MemoryCloser> memory(
+          FreeImage_OpenMemory(reinterpret_cast<BYTE*>(classic->data()), static_cast<DWORD>(classic->size())));
+      if (!memory) return nullptr;
+      return ReadChecked(format, flags, [&](int load_flags) {
+        FreeImage_SeekMemory(memory.get(), 0, SEEK_SET);
+        return FreeImage_LoadFromMemory(format, memory.get(), load_flags);
+      });
+    }
   }
-  return Bitmap(FreeImage_Load(format, path.c_str(), flags));
+  return ReadChecked(format, flags, [&](int load_flags) { return FreeImage_Load(format, path.c_str(), load_flags); });
 }
 
 ReadOnlyMultiBitmap OpenForReading(FREE_IMAGE_FORMAT format, const std::string& path, int flags) {

@@ -2,6 +2,9 @@
 // multipage files page by page, and files that are missing, empty, garbage or cut short.
 #include <gtest/gtest.h>
 
+#include <array>
+#include <bit>
+
 #include "imaging/imaging_library.h"
 #include "scripts/sample_images.h"
 #include "tests/imaging/imaging_test_pages.h"
@@ -124,6 +127,115 @@ TEST_F(ImagingFiles, MultipageFilesLoadEveryPageAndGifFramesAsShown) {
   EXPECT_NE(PixelAt(library, spin[0], 0, 0), PixelAt(library, spin[1], 0, 0));
   EXPECT_EQ(PixelAt(library, spin[2], 0, 0).a, 255);
   EXPECT_EQ(library.LiveImageCount(), 7u);
+}
+
+// A BMP with a newer info header (108 bytes for V4, 124 for V5), of 5 by 3 pixels coloured by
+// BmpColour; `masks` are red, green, blue and alpha.
+struct NewBmp {
+  const char* name;
+  std::uint32_t header_size;
+  std::uint16_t bits;
+  std::uint32_t compression;
+  std::array<std::uint32_t, 4> masks;
+  bool top_down;
+  bool alpha_kept;
+};
+
+constexpr int kBmpWidth = 5, kBmpHeight = 3;
+
+testing_pages::Rgba BmpColour(int x, int y) {
+  return {static_cast<std::uint8_t>(x * 60), static_cast<std::uint8_t>(y * 90), 200,
+          static_cast<std::uint8_t>(40 + x * 50)};
+}
+
+std::string NewBmpBytes(const NewBmp& bmp) {
+  std::string out;
+  auto put = [&out](std::uint32_t value, int bytes) {
+    for (int i = 0; i < bytes; ++i) out.push_back(static_cast<char>((value >> (8 * i)) & 0xFF));
+  };
+  auto place = [](std::uint8_t channel, std::uint32_t mask) {
+    if (!mask) return 0u;
+    const int shift = std::countr_zero(mask), bits = std::popcount(mask);
+    return (static_cast<std::uint32_t>(channel) >> (8 - bits)) << shift;
+  };
+  std::string pixels, table;
+  for (int row = 0; row < kBmpHeight; ++row) {
+    const int y = bmp.top_down ? row : kBmpHeight - 1 - row;
+    std::string line;
+    for (int x = 0; x < kBmpWidth; ++x) {
+      const testing_pages::Rgba c = BmpColour(x, y);
+      std::uint32_t value = 0;
+      if (bmp.bits == 8) value = y * kBmpWidth + x;
+      if (bmp.bits == 24) value = c.b | (c.g << 8) | (c.r << 16);
+      if (bmp.bits >= 16 && bmp.compression != 0)
+        value =
+            place(c.r, bmp.masks[0]) | place(c.g, bmp.masks[1]) | place(c.b, bmp.masks[2]) | place(c.a, bmp.masks[3]);
+      if (bmp.bits == 32 && bmp.compression == 0) value = c.b | (c.g << 8) | (c.r << 16) | (c.a << 24);
+      for (int i = 0; i < bmp.bits / 8; ++i) line.push_back(static_cast<char>((value >> (8 * i)) & 0xFF));
+    }
+    line.resize((line.size() + 3) / 4 * 4, '\0');
+    pixels += line;
+  }
+  if (bmp.bits == 8) {
+    for (int i = 0; i < 256; ++i) {
+      const testing_pages::Rgba c = BmpColour(i % kBmpWidth, i / kBmpWidth % kBmpHeight);
+      table += {static_cast<char>(c.b), static_cast<char>(c.g), static_cast<char>(c.r), 0};
+    }
+  }
+  const std::uint32_t offset = 14 + bmp.header_size + static_cast<std::uint32_t>(table.size());
+  out += "BM";
+  put(offset + static_cast<std::uint32_t>(pixels.size()), 4);
+  put(0, 4);
+  put(offset, 4);
+  put(bmp.header_size, 4);
+  put(kBmpWidth, 4);
+  put(static_cast<std::uint32_t>(bmp.top_down ? -kBmpHeight : kBmpHeight), 4);
+  put(1, 2);
+  put(bmp.bits, 2);
+  put(bmp.compression, 4);
+  put(static_cast<std::uint32_t>(pixels.size()), 4);
+  put(2835, 4);
+  put(2835, 4);
+  put(0, 4);
+  put(0, 4);
+  for (std::uint32_t mask : bmp.masks) put(mask, 4);
+  put(0x73524742, 4);  // "sRGB"
+  out.resize(14 + bmp.header_size, '\0');
+  return out + table + pixels;
+}
+
+TEST_F(ImagingFiles, BmpFilesWithNewerHeadersRead) {
+  const NewBmp cases[] = {
+      {"24-bit V4", 108, 24, 0, {}, false, false},
+      {"24-bit V5 top-down", 124, 24, 0, {}, true, false},
+      {"8-bit V4 palette", 108, 8, 0, {}, false, false},
+      {"16-bit V5 565", 124, 16, 3, {0xF800, 0x7E0, 0x1F, 0}, false, false},
+      {"32-bit V5 with alpha mask", 124, 32, 3, {0xFF0000, 0xFF00, 0xFF, 0xFF000000}, false, true},
+      {"32-bit V4 without alpha mask", 108, 32, 3, {0xFF0000, 0xFF00, 0xFF, 0}, false, false},
+      {"32-bit V5 red first", 124, 32, 3, {0xFF000000, 0xFF0000, 0xFF00, 0xFF}, false, true},
+      {"32-bit V5 without masks", 124, 32, 0, {}, false, false},
+  };
+  for (const NewBmp& bmp : cases) {
+    SCOPED_TRACE(bmp.name);
+    testing::WriteWholeFile(folder.file("new.bmp"), NewBmpBytes(bmp));
+    Handle page = 0;
+    CallResult result = 0;
+    library.FreeImage_Load(folder.file("new.bmp"), page, -1, 0, result);
+    ASSERT_NE(result, 0);
+    EXPECT_EQ(FactsOf(library, page).width, unsigned(kBmpWidth));
+    EXPECT_EQ(FactsOf(library, page).height, unsigned(kBmpHeight));
+    EXPECT_EQ(FactsOf(library, page).bpp, bmp.bits);
+    const int tolerance = bmp.bits == 16 ? 8 : 0;  // five or six bits a channel
+    for (const auto& [x, y] : {std::pair{0, 0}, std::pair{4, 0}, std::pair{1, 2}, std::pair{3, 1}}) {
+      const testing_pages::Rgba want = BmpColour(x, y), got = PixelAt(library, page, x, y);
+      EXPECT_NEAR(got.r, want.r, tolerance) << x << "," << y;
+      EXPECT_NEAR(got.g, want.g, tolerance) << x << "," << y;
+      EXPECT_NEAR(got.b, want.b, tolerance) << x << "," << y;
+      EXPECT_EQ(got.a, bmp.alpha_kept ? want.a : 255) << x << "," << y;
+    }
+    EXPECT_EQ(Count("new.bmp"), 1);
+    library.Release(page);
+  }
 }
 
 }  // namespace
