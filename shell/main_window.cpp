@@ -6,11 +6,13 @@
 #include <QHBoxLayout>
 #include <QLinearGradient>
 #include <QPainter>
+#include <QShortcut>
 
 #include "settings/session.h"
 #include "shell/about_dialog.h"
 #include "shell/format_dialog.h"
 #include "shell/new_operation_dialog.h"
+#include "shell/reading_order.h"
 #include "shell/settings_dialog.h"
 #include "shell/upload_bridge.h"
 
@@ -61,6 +63,7 @@ MainWindow::MainWindow(engine::AppState& state, ShellServices& services, std::fu
   BuildWindow();
   BuildMenus();
   ConnectCommands();
+  BuildShortcuts();
   operationList()->RelayOperationList();
   AddFixedEntries(entries_, state_.preview);  // "Convert to", "Save to", "File name"
   fixed_.FormatCombo1 = 1;
@@ -130,14 +133,8 @@ void MainWindow::BuildMenus() {
 }
 
 void MainWindow::ConnectCommands() {
-  connect(back_, &controls::Button::clicked, this, [this] {
-    wizard_.WizardStep -= 1;
-    UpdateWizard();
-  });
-  connect(next_, &controls::Button::clicked, this, [this] {
-    wizard_.WizardStep += 1;
-    UpdateWizard();
-  });
+  connect(back_, &controls::Button::clicked, this, &MainWindow::GoBack);
+  connect(next_, &controls::Button::clicked, this, &MainWindow::GoNext);
   connect(settings_, &controls::Button::clicked, this, [this] { ShowSettingsDialog(1); });
   connect(about_picture_, &ClickableLabel::clicked, this, &MainWindow::ShowAboutDialog);
   connect(profile_picture_, &ClickableLabel::clicked, this,
@@ -176,6 +173,45 @@ void MainWindow::ConnectCommands() {
   connect(timer1_, &QTimer::timeout, this, &MainWindow::Timer1_Timer);
   connect(timer2_, &QTimer::timeout, this, &MainWindow::Timer2_Timer);
   timer1_->start();
+}
+
+void MainWindow::GoBack() {
+  wizard_.WizardStep -= 1;
+  UpdateWizard();
+}
+
+void MainWindow::GoNext() {
+  wizard_.WizardStep += 1;
+  UpdateWizard();
+}
+
+void MainWindow::BuildShortcuts() {
+  // A key acts only while its control is on view and enabled, as a click would; the control's
+  // tooltip names the key.
+  auto bind = [this](const char* keys, QWidget* control, const QString& caption, std::function<void()> act) {
+    const QKeySequence sequence(QString::fromLatin1(keys));
+    auto* shortcut = new QShortcut(sequence, this);
+    connect(shortcut, &QShortcut::activated, this, [control, act = std::move(act)] {
+      if (control->isVisible() && control->isEnabled()) act();
+    });
+    control->setToolTip(caption + QStringLiteral(" (") + sequence.toString(QKeySequence::NativeText) +
+                        QStringLiteral(")"));
+  };
+  bind("Alt+B", back_, "Previous step", [this] { GoBack(); });
+  bind("Alt+N", next_, "Next step, or start the conversion", [this] { GoNext(); });
+  bind("Alt+S", settings_, "Program settings", [this] { ShowSettingsDialog(1); });
+  bind("Alt+A", fr2_->Button8(), "Add an operation to the chain", [this] { fr2_->Button8()->click(); });
+  bind("Alt+P", profile_picture_, "New, load or save a profile",
+       [this] { profile_menu_->popup(profile_picture_->mapToGlobal(profile_picture_->rect().bottomLeft())); });
+}
+
+bool MainWindow::focusNextPrevChild(bool next) {
+  const std::vector<QWidget*> regions = {header_, fr1_, fr2_, fr3_, frPreview_, Picture1_};
+  QWidget* target = NextInReadingOrder(regions, focusWidget(), next);
+  if (!target) return QWidget::focusNextPrevChild(next);
+  operationList()->ShowWidget(target);
+  target->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+  return true;
 }
 
 void MainWindow::UpdateWizard() {

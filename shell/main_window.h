@@ -151,6 +151,8 @@ class MainWindow : public QWidget, public engine::RunView, public preview::Previ
  protected:
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  // Tab and Shift+Tab walk the window in reading order.
+  bool focusNextPrevChild(bool next) override;
 
  private:
   // Cuts a chain longer than the operation list holds, and tells the user so.
@@ -158,6 +160,10 @@ class MainWindow : public QWidget, public engine::RunView, public preview::Previ
   void BuildWindow();
   void BuildMenus();
   void ConnectCommands();
+  // Keys for the commands of the skinned buttons, which take no Enter or Space, and a few more.
+  void BuildShortcuts();
+  void GoBack();
+  void GoNext();
   void RunConversion();
   void FinishPreview();
 

@@ -3,6 +3,7 @@
 
 #include <QEvent>
 #include <QWheelEvent>
+#include <algorithm>
 
 #include "shell/button_images.h"
 
@@ -178,6 +179,17 @@ void OperationListView::RelayOperationList() {
 
 void OperationListView::ScrollToEnd() {
   if (scroll_->isEnabled()) ScrollTo(scroll_->maximum());
+}
+
+void OperationListView::ShowWidget(QWidget* widget) {
+  if (!widget || !inner_->isAncestorOf(widget) || !scroll_->isEnabled()) return;
+  const int top = widget->mapTo(inner_, QPoint(0, 0)).y();
+  const int bottom = top + widget->height();
+  const int shown = viewport_->height();
+  if (top < scroll_->value())
+    ScrollTo(top);
+  else if (bottom > scroll_->value() + shown)
+    ScrollTo(std::min(scroll_->maximum(), bottom - shown));
 }
 
 void OperationListView::ScrollTo(int value) {

@@ -35,6 +35,8 @@ class OperationListView : public QWidget, public OperationListListener {
   void RelayOperationList();
   // Shows the end of the list when the bar is enabled.
   void ScrollToEnd();
+  // Scrolls the list so that `widget`, one of its panels' controls, stands in view.
+  void ShowWidget(QWidget* widget);
   // Every panel reads its values again (after the program changed them).
   void ReloadAll();
   // While held, added entries are laid out once, when the hold ends (a whole chain at a time).

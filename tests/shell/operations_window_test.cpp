@@ -4,6 +4,7 @@
 #include <QSlider>
 
 #include "shell/new_operation_dialog.h"
+#include "shell/settings_dialog.h"
 #include "tests/shell/window_fixture.h"
 
 namespace velmora::testing {
@@ -103,6 +104,74 @@ TEST_F(OperationsTest, EveryOpeningStartsAtTheTopAndADoubleClickBelowTheRowsOnly
   QCoreApplication::processEvents();
   EXPECT_EQ(list->indexAt(QPoint(20, 5)).row(), 0);
   EXPECT_EQ(dialog->SelectedRow(), 0);
+}
+
+// The keys of the wizard's commands act only where their control is on view and enabled.
+TEST_F(OperationsTest, KeysDriveTheWizard) {
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  const auto press = [this](Qt::Key key) { QTest::keyClick(window.get(), key, Qt::AltModifier); };
+  for (const auto& [control, key] : {std::pair<QWidget*, const char*>{window->Command1(), "Alt+B"},
+                                     {window->Command2(), "Alt+N"},
+                                     {window->Command4(), "Alt+S"},
+                                     {window->fr2()->Button8(), "Alt+A"}})
+    EXPECT_TRUE(control->toolTip().contains(key)) << control->objectName().toStdString();
+  press(Qt::Key_A);
+  ASSERT_TRUE(window->Form9());
+  EXPECT_TRUE(window->Form9()->isVisible());
+  window->Form9()->reject();
+  press(Qt::Key_B);
+  EXPECT_EQ(window->wizard().WizardStep, 0);
+  press(Qt::Key_B);  // "<< Back" is disabled on the first step
+  EXPECT_EQ(window->wizard().WizardStep, 0);
+  press(Qt::Key_A);  // "Add Operation" is not on view
+  EXPECT_TRUE(window->Form9()->isHidden());
+  press(Qt::Key_N);
+  EXPECT_EQ(window->wizard().WizardStep, 1);
+  press(Qt::Key_S);
+  ASSERT_TRUE(window->Form3());
+  EXPECT_TRUE(window->Form3()->isVisible());
+}
+
+// Tab walks the page line by line, then the preview pane, then the bottom bar, even through
+// panels added after the window was made.
+TEST_F(OperationsTest, TabWalksThePageInReadingOrder) {
+  AddOperation(1);
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  QWidget* add = window->fr2()->Button8();
+  add->setFocus();
+  std::vector<QWidget*> walked;
+  for (QWidget* at = add; walked.size() < 200 && (walked.empty() || at != add); at = QApplication::focusWidget()) {
+    walked.push_back(at);
+    QTest::keyClick(at, Qt::Key_Tab);
+  }
+  const auto position = [&walked](QWidget* widget) {
+    return std::find(walked.begin(), walked.end(), widget) - walked.begin();
+  };
+  const int resize = Last();
+  QWidget* width = Control<QLineEdit>(resize, "ElemText1");
+  QWidget* height = Control<QLineEdit>(resize, "ElemText2");
+  QWidget* units = Control<QComboBox>(resize, "ElemCombo1");
+  QWidget* keep = Control<QCheckBox>(resize, "ElemCheck1");
+  QWidget* remove = window->operationList()->StructRemove(resize);
+  QWidget* format = window->findChild<QWidget*>("FormatCombo1");
+  QWidget* hide = window->findChild<QWidget*>("Command3");
+  ASSERT_TRUE(width && height && units && keep && remove && format && hide);
+  // From "Add Operation": the buttons' line, the pane, the bar, then round to the top of the
+  // list, the fixed panels before the operation added last, and each panel line by line.
+  EXPECT_EQ(position(window->fr2()->Button9()), 1);
+  EXPECT_LT(position(window->fr2()->Button9()), position(hide));
+  EXPECT_LT(position(hide), position(window->Command4()));
+  EXPECT_LT(position(window->Command4()), position(window->Command1()));
+  EXPECT_LT(position(window->Command1()), position(window->Command2()));
+  EXPECT_LT(position(window->Command2()), position(format));
+  EXPECT_LT(position(format), position(width));
+  EXPECT_LT(position(width), position(height));
+  EXPECT_LT(position(height), position(units));
+  EXPECT_LT(position(units), position(remove));  // the entry's remove button ends its first line
+  EXPECT_LT(position(remove), position(keep));
+  EXPECT_LT(position(keep), static_cast<long>(walked.size()));
 }
 
 TEST_F(OperationsTest, ResizePanelEditsReachTheChain) {
