@@ -171,7 +171,8 @@ void Button::paint_now() {
   const QSize wanted = button_surface_size(props_.ButtonShape, size());
   if (wanted != size()) resize(wanted);
   update_cursor();
-  frame_ = redraw_button(props_, machine_.state(), size());
+  // Drawn at the screen's resolution, so that a scaled desktop shows it as sharp as Qt's widgets.
+  frame_ = redraw_button(props_, machine_.state(), size(), devicePixelRatioF());
   if (frame_.clip) {
     setMask(*frame_.clip);
   } else {
@@ -182,7 +183,8 @@ void Button::paint_now() {
 }
 
 void Button::paintEvent(QPaintEvent* /*event*/) {
-  if (frame_.image.size() != size()) paint_now();
+  if (frame_.image.deviceIndependentSize().toSize() != size() || frame_.image.devicePixelRatio() != devicePixelRatioF())
+    paint_now();
   QPainter painter(this);
   painter.drawImage(0, 0, frame_.image);
 }

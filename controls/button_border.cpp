@@ -91,7 +91,7 @@ void paint_pixels(QImage& image, const std::vector<QPoint>& pixels, QRgb color) 
 
 void paint_border(QImage& image, const ButtonProperties& props, const ButtonLook& look, OleColor draw_color) {
   if (props.ButtonShape < 0 || props.ButtonShape >= shape::kCount) return;
-  ShapeRings rings(props.ButtonShape, image.width(), image.height());
+  ShapeRings rings(props.ButtonShape, image.width(), image.height(), scaled_corner(look.scale));
   ring(image, rings, kOutlineInset, draw_color);
   if (props.ButtonShape == shape::kRectangle) {
     // The rectangle doubles its right and bottom edges one pixel further in.

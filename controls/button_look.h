@@ -12,6 +12,8 @@ struct ButtonLook {
   bool pressed = false;
   bool hover = false;
   bool has_focus = false;
+  // Device pixels to a pixel of the control: the rounded corner and the caption grow by it.
+  double scale = 1.0;
 };
 
 ButtonLook make_look(const ButtonState& state, bool enabled);

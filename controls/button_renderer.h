@@ -19,12 +19,15 @@ struct ButtonFrame {
   QRect caption_box;            // where the caption went, empty without one
 };
 
-// Paints properties that already carry the style's border colours.
+// Paints properties that already carry the style's border colours. With a `look.scale` above 1
+// the image has that many device pixels to a pixel of `size` (and says so in its device pixel
+// ratio): the shape, the caption and the picture are drawn at that resolution, lines stay one
+// device pixel. The clip and the caption box are in pixels of `size`.
 ButtonFrame paint_button(const ButtonProperties& props, const ButtonLook& look, QSize size);
 
 // The whole redraw as the control runs it: writes the style's border colours into the
-// properties, then paints with `Enabled` and the state flags. The size should already follow
-// `button_surface_size`.
-ButtonFrame redraw_button(ButtonProperties& props, const ButtonState& state, QSize size);
+// properties, then paints with `Enabled` and the state flags at `scale` device pixels to a pixel.
+// The size should already follow `button_surface_size`.
+ButtonFrame redraw_button(ButtonProperties& props, const ButtonState& state, QSize size, double scale = 1.0);
 
 }  // namespace velmora::controls

@@ -117,9 +117,9 @@ QRegion round_rect_region(int width, int height, int corner_width, int corner_he
   return region;
 }
 
-QRegion shape_area(int shape, int width, int height) {
+QRegion shape_area(int shape, int width, int height, int corner) {
   switch (shape) {
-    case shape::kRoundedRectangle: return round_rect_region(width, height, kRoundCorner, kRoundCorner);
+    case shape::kRoundedRectangle: return round_rect_region(width, height, corner, corner);
     case shape::kEllipse: return ellipse_region(width, height);
     default: break;
   }
@@ -127,9 +127,9 @@ QRegion shape_area(int shape, int width, int height) {
   return QRegion(0, 0, width, height);
 }
 
-std::optional<QRegion> shape_clip_region(int shape, int width, int height) {
+std::optional<QRegion> shape_clip_region(int shape, int width, int height, int corner) {
   if (!shape_has_region(shape)) return std::nullopt;
-  return shape_area(shape, width, height);
+  return shape_area(shape, width, height, corner);
 }
 
 bool polygon_contains(const QPolygonF& points, QPointF p) {

@@ -18,6 +18,11 @@ inline constexpr int kRoundCorner = 15;
 // Rounds to the nearest integer, halves to the even neighbour.
 int round_half_even(double value);
 
+// The rounded rectangle's corner size drawn at `scale` device pixels to a pixel.
+inline int scaled_corner(double scale) {
+  return static_cast<int>(kRoundCorner * scale + 0.5);
+}
+
 // The size the control takes for a requested size: each side at least kMinButtonSide, and for
 // every shape but the two rectangles the height made equal to the width.
 QSize button_surface_size(int shape, QSize requested);
@@ -30,10 +35,10 @@ QPolygon shape_polygon(int shape, int width, int height);
 
 // Pixels a shape covers, by pixel centre: polygons with the winding rule, the ellipse inside
 // (0, 0)-(W, H), the rounded rectangle with 15 by 15 corners. Other shapes cover the rectangle.
-QRegion shape_area(int shape, int width, int height);
+QRegion shape_area(int shape, int width, int height, int corner = kRoundCorner);
 
 // The window region a shape sets, or nothing when the window stays unclipped.
-std::optional<QRegion> shape_clip_region(int shape, int width, int height);
+std::optional<QRegion> shape_clip_region(int shape, int width, int height, int corner = kRoundCorner);
 
 QRegion polygon_region(const QPolygon& points, int height);
 QRegion ellipse_region(int width, int height);

@@ -51,9 +51,9 @@ QPointF rectangle_normal(double width, double height, QPointF p) {
   return sum;
 }
 
-QPointF round_rect_normal(double width, double height, QPointF p) {
-  const double rx = std::min<double>(kRoundCorner, width) / 2.0;
-  const double ry = std::min<double>(kRoundCorner, height) / 2.0;
+QPointF round_rect_normal(double width, double height, QPointF p, int corner) {
+  const double rx = std::min<double>(corner, width) / 2.0;
+  const double ry = std::min<double>(corner, height) / 2.0;
   const double cx = p.x() < rx ? rx : (p.x() > width - rx ? width - rx : p.x());
   const double cy = p.y() < ry ? ry : (p.y() > height - ry ? height - ry : p.y());
   const bool in_corner = cx != p.x() && cy != p.y();
@@ -68,9 +68,9 @@ QRegion erode(const QRegion& region) {
          region.translated(0, -1);
 }
 
-QPointF outward_normal(int shape, int width, int height, QPointF p) {
+QPointF outward_normal(int shape, int width, int height, QPointF p, int corner) {
   switch (shape) {
-    case shape::kRoundedRectangle: return round_rect_normal(width, height, p);
+    case shape::kRoundedRectangle: return round_rect_normal(width, height, p, corner);
     case shape::kEllipse: {
       const double a = width / 2.0;
       const double b = height / 2.0;
@@ -82,8 +82,9 @@ QPointF outward_normal(int shape, int width, int height, QPointF p) {
   return rectangle_normal(width, height, p);
 }
 
-ShapeRings::ShapeRings(int shape, int width, int height) : shape_(shape), width_(width), height_(height) {
-  eroded_.push_back(shape_area(shape, width, height));
+ShapeRings::ShapeRings(int shape, int width, int height, int corner)
+    : shape_(shape), width_(width), height_(height), corner_(corner) {
+  eroded_.push_back(shape_area(shape, width, height, corner));
 }
 
 const QRegion& ShapeRings::eroded(int steps) {
@@ -101,7 +102,7 @@ std::vector<QPoint> ShapeRings::rim(int inset, RimSide side) {
   for (const QRect& rect : ring(inset)) {
     for (int y = rect.top(); y <= rect.bottom(); ++y) {
       for (int x = rect.left(); x <= rect.right(); ++x) {
-        const QPointF n = outward_normal(shape_, width_, height_, QPointF(x + 0.5, y + 0.5));
+        const QPointF n = outward_normal(shape_, width_, height_, QPointF(x + 0.5, y + 0.5), corner_);
         const bool lit = n.x() + n.y() < -kTie;
         if (lit == (side == RimSide::Lit)) out.emplace_back(x, y);
       }

@@ -7,6 +7,8 @@
 #include <QRegion>
 #include <vector>
 
+#include "controls/shape_geometry.h"
+
 namespace velmora::controls {
 
 enum class RimSide { Lit, Shadow };
@@ -16,13 +18,14 @@ QRegion erode(const QRegion& region);
 
 // Direction pointing out of the shape at a point inside it, from the nearest part of the
 // outline (summed where two parts are equally near, as in a rectangle's corner).
-QPointF outward_normal(int shape, int width, int height, QPointF p);
+QPointF outward_normal(int shape, int width, int height, QPointF p, int corner = kRoundCorner);
 
 // Rings of one shape at one size. Ring 0 is the outermost pixel row of the shape's area, ring 1
 // the row inside it, and so on.
 class ShapeRings {
  public:
-  ShapeRings(int shape, int width, int height);
+  // `corner` is the rounded rectangle's corner size.
+  ShapeRings(int shape, int width, int height, int corner = kRoundCorner);
 
   const QRegion& area() const { return eroded_.front(); }
   QRegion ring(int inset);
@@ -36,6 +39,7 @@ class ShapeRings {
   int shape_;
   int width_;
   int height_;
+  int corner_;
   std::vector<QRegion> eroded_;
 };
 

@@ -220,5 +220,41 @@ TEST(ButtonShapes, ClipRegionIsTheWindowRegion) {
   EXPECT_EQ(frame.clip->boundingRect(), QRect(0, 0, 60, 60));
 }
 
+// Rows of `image` within `box` (in its device pixels) that hold a pixel neither face nor clear.
+int InkRows(const QImage& image, const QRect& box) {
+  int rows = 0;
+  for (int y = box.top(); y <= box.bottom(); ++y)
+    for (int x = box.left(); x <= box.right(); ++x)
+      if (image.pixel(x, y) != to_rgb(kFace) && qAlpha(image.pixel(x, y)) != 0) {
+        ++rows;
+        break;
+      }
+  return rows;
+}
+
+// On a screen of two device pixels to a pixel the button is drawn at that resolution, not
+// scaled up: lines one device pixel wide, the corner and the caption twice the size.
+TEST(ButtonShapes, DrawnAtTheDevicePixelRatio) {
+  ButtonProperties props = new_button_properties(QStringLiteral("Start!"));
+  props.ButtonStyle = 0;
+  props.ButtonShape = shape::kRoundedRectangle;
+  props.BackColor = props.BackColorHover = props.BackColorPressed = kFace;
+  props.BorderColor = props.BorderColorHover = props.BorderColorPressed = kLine;
+  props.Font.setPointSize(9);
+  const ButtonFrame one = redraw_button(props, ButtonState{}, {110, 30});
+  const ButtonFrame two = redraw_button(props, ButtonState{}, {110, 30}, 2.0);
+  EXPECT_EQ(two.image.size(), QSize(220, 60));
+  EXPECT_EQ(two.image.devicePixelRatio(), 2.0);
+  EXPECT_EQ(two.clip, one.clip);  // the window region stays in pixels of the control
+  EXPECT_TRUE(PixelIs(two.image, 0, 30, kLine));
+  EXPECT_TRUE(PixelIs(two.image, 1, 30, kFace));
+  EXPECT_TRUE(PixelTransparent(two.image, 10, 0));  // the corner is 30 device pixels round
+  EXPECT_TRUE(PixelIs(two.image, 14, 0, kLine));
+  EXPECT_NEAR(two.caption_box.top(), one.caption_box.top(), 1);
+  EXPECT_NEAR(two.caption_box.width(), one.caption_box.width(), 2);
+  const QRect device_box(two.caption_box.topLeft() * 2, two.caption_box.size() * 2);
+  EXPECT_NEAR(InkRows(two.image, device_box), 2 * InkRows(one.image, one.caption_box), 3);
+}
+
 }  // namespace
 }  // namespace velmora::controls
