@@ -16,7 +16,9 @@ PreviewBox::PreviewBox(const QString& name, QWidget* parent) : QFrame(parent) {
   white.setColor(QPalette::Window, Qt::white);
   white.setColor(QPalette::WindowText, QColor(0x80, 0x80, 0x80));
   setPalette(white);
-  setFixedSize(kPreviewBoxWidth + 2, kPreviewBoxHeight + 2);
+  // The design size is the least; the boxes share the pane's height as the window grows.
+  setMinimumSize(kPreviewBoxWidth + 2, kPreviewBoxHeight + 2);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   setCursor(Qt::PointingHandCursor);
 
   picture_ = new QLabel(this);
@@ -79,7 +81,6 @@ PreviewPane::PreviewPane(QWidget* parent) : QWidget(parent) {
   layout->addSpacing(6);
   layout->addWidget(preview);
   layout->addWidget(result_box_);
-  layout->addStretch(1);
   layout->addWidget(hide_, 0, Qt::AlignRight);
 
   wait_ = new QFrame(result_box_);

@@ -1,8 +1,12 @@
 // Layout and copying of the format dialog.
 #include "shell/format_dialog.h"
 
+#include <algorithm>
+
 namespace velmora::shell {
 namespace {
+
+constexpr int kDesignWidth = 418;
 
 // Positions are the dialog's twips divided by 15, the control column moved right by 30 pixels so
 // that the labels fit in the window's font.
@@ -18,13 +22,17 @@ QComboBox* Combo(QWidget* parent, const char* name, int left, int top, int width
   auto* combo = new QComboBox(parent);
   combo->setObjectName(name);
   combo->setGeometry(left, top, width, 22);
+  combo->setProperty("design_width", width);
+  combo->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   return combo;
 }
 
+// The list's items, the box widened from its design width where the longest of them needs it.
 void Fill(QComboBox* combo, const FormatList& list) {
   combo->clear();
   for (const std::string& item : list.items) combo->addItem(QString::fromStdString(item));
   combo->setCurrentIndex(list.index);
+  combo->resize(std::max(combo->property("design_width").toInt(), combo->sizeHint().width()), combo->height());
 }
 
 FormatList Read(const QComboBox* combo) {
@@ -38,7 +46,7 @@ FormatList Read(const QComboBox* combo) {
 
 FormatDialog::FormatDialog(QWidget* owner, engine::AppState& state, std::function<std::string()> format_name,
                            std::function<void()> closed)
-    : DialogFrame(owner, "Form8", "Format Settings", 418, 143),
+    : DialogFrame(owner, "Form8", "Format Settings", kDesignWidth, 143),
       state_(state),
       format_name_(std::move(format_name)),
       closed_(std::move(closed)) {
@@ -105,6 +113,17 @@ void FormatDialog::Show(const FormatForm& f) {
   const int compression_top = f.compression_moved_up ? 40 : 56;
   compression_label_->move(8, compression_top + 3);
   compression_->move(150, compression_top);
+  // What stands right of a widened box moves along, and the window widens to hold it.
+  depth_bpp_->move(depth_->geometry().right() + 8, depth_bpp_->y());
+  level_label_->move(compression_->geometry().right() + 8, level_label_->y());
+  level_->move(level_label_->geometry().right() + 4, level_->y());
+  int right = kDesignWidth;
+  for (const QWidget* w :
+       {static_cast<QWidget*>(depth_bpp_), static_cast<QWidget*>(multipage_), static_cast<QWidget*>(compression_)})
+    if (w->isVisibleTo(this)) right = std::max(right, w->geometry().right() + 12);
+  setFixedWidth(right);
+  ok_->move(right - 162, ok_->y());
+  cancel_->move(right - 82, cancel_->y());
 }
 
 void FormatDialog::Open() {

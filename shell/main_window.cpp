@@ -239,12 +239,17 @@ void MainWindow::Form_Resize() {
   const bool pane = wizard_.PreviewShown;
   const int top = kHeaderHeight + 10;
   const int bottom = height() - kBottomBarHeight;
-  const int page_width = width() - kPageLeft - (pane ? kPreviewPaneWidth : 0);
+  // The pane takes two fifths of any width beyond the least, so the previews grow with the window.
+  const int pane_width = kPreviewPaneWidth + (width() - kMinimumWindowWidth) * 2 / 5;
+  const int page_width = width() - kPageLeft - (pane ? pane_width : 0);
   const QRect page(kPageLeft, top, page_width, bottom - top);
   fr1_->setGeometry(page);
   fr2_->setGeometry(page);
   fr3_->setGeometry(page);
-  frPreview_->setGeometry(width() - kPreviewPaneWidth, top - 4, kPreviewPaneWidth, bottom - top + 4);
+  const QSize box_before = frPreview_->prwFon()->size();
+  frPreview_->setGeometry(width() - pane_width, top - 4, pane_width, bottom - top + 4);
+  // Pictures are fitted to the boxes when a pass makes them: a new box size asks for one.
+  if (frPreview_->prwFon()->size() != box_before) state_.preview.PreviewDirty = engine::kTrue;
   Picture1_->setGeometry(0, bottom, width(), kBottomBarHeight);
   const int button_height = 30, button_top = (kBottomBarHeight - button_height) / 2;
   next_->setGeometry(width() - 12 - 110, button_top, 110, button_height);

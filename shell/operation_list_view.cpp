@@ -161,6 +161,9 @@ void OperationListView::RelayOperationList() {
     const Widgets& w = widgets_[place.index];
     w.box->setGeometry(0, place.top, width, place.height);
     if (w.caption) w.caption->setGeometry(0, 0, width, place.height);
+    // The fixed panels' boxes (folder, name template) take the entry's width.
+    if (w.fixed)
+      w.fixed->resize(std::max(w.fixed->sizeHint().width(), width - kPanelLeft - kPanelLeft), w.fixed->height());
     PlaceRemoveButton(w);
     w.box->show();
   }

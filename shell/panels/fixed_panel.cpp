@@ -15,6 +15,7 @@ void FixedPanel::SetText(QLineEdit* edit, const std::string& text) {
   if (edit->text() == value) return;
   const QSignalBlocker block(edit);
   edit->setText(value);
+  edit->setCursorPosition(0);  // a text longer than the box shows its beginning
 }
 
 FixedPanel* MakeFixedPanel(std::int16_t tag, FixedControls* fixed_controls, engine::PreviewFlags* preview_flags,

@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QFontDialog>
 #include <QLineEdit>
+#include <QStyleOptionComboBox>
 #include <QTimer>
 
 #include "shell/about_dialog.h"
@@ -101,6 +102,29 @@ TEST_F(DialogsTest, FormatDialogFollowsTheChosenFormat) {
   state->preview.PreviewDirty = engine::kFalse;
   QTest::mouseClick(dialog->Command2(), Qt::LeftButton);
   EXPECT_EQ(state->preview.PreviewDirty, engine::kFalse);
+}
+
+// Every item of the format lists fits its box in the window's font, and what stands right of a
+// box is not covered by it.
+TEST_F(DialogsTest, FormatListsFitTheirLongestItem) {
+  for (const int format : {0, 5}) {  // BMP, TIFF
+    window->fixed().FormatCombo1 = format;
+    window->ShowFormatDialog();
+    shell::FormatDialog* dialog = window->Form8();
+    for (QComboBox* combo : {dialog->ColorDepthCombo1(), dialog->MultipageCombo1(), dialog->CompressionCombo1()}) {
+      if (!combo->isVisible()) continue;
+      QStyleOptionComboBox option;
+      option.initFrom(combo);
+      const QRect field =
+          combo->style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, combo);
+      for (int i = 0; i < combo->count(); ++i)
+        EXPECT_LE(combo->fontMetrics().horizontalAdvance(combo->itemText(i)), field.width())
+            << combo->objectName().toStdString() << ": " << combo->itemText(i).toStdString();
+      EXPECT_LE(combo->geometry().right(), dialog->width());
+    }
+    EXPECT_LT(dialog->ColorDepthCombo1()->geometry().right(), dialog->findChild<QLabel*>("ColorDepthLabel2")->x());
+    dialog->reject();
+  }
 }
 
 TEST_F(DialogsTest, TheAboutBoxShowsTheVersionAndOpensItsLinks) {

@@ -174,6 +174,30 @@ TEST_F(OperationsTest, TabWalksThePageInReadingOrder) {
   EXPECT_LT(position(keep), static_cast<long>(walked.size()));
 }
 
+// The folder and template boxes show their texts whole, a folder too long for its box from its
+// beginning; the preview boxes grow with the window and "Hide Preview" stays under them.
+TEST_F(OperationsTest, FieldsShowTheirTextAndThePreviewGrowsWithTheWindow) {
+  for (const char* name : {"SaveToText1", "FileNameText1"}) {
+    auto* edit = window->findChild<QLineEdit*>(name);
+    ASSERT_TRUE(edit);
+    EXPECT_LE(edit->fontMetrics().horizontalAdvance(edit->text()) + 10, edit->width()) << edit->text().toStdString();
+  }
+  window->fixed().SaveToText1 = "/home/anna/" + std::string(200, 'x') + "/Output/";
+  window->operationList()->ReloadAll();
+  EXPECT_EQ(window->findChild<QLineEdit*>("SaveToText1")->cursorPosition(), 0);
+
+  const preview::PreviewBox* box = window->frPreview()->prwFon();
+  const QRect small = box->geometry();
+  window->resize(1400, 960);
+  QCoreApplication::processEvents();
+  const QRect large = box->geometry();
+  EXPECT_GT(large.width(), small.width());
+  EXPECT_GT(large.height(), small.height());
+  const QRect hide = window->frPreview()->Command3()->geometry();
+  EXPECT_GT(hide.top(), large.bottom());
+  EXPECT_LE(hide.top(), large.bottom() + 12);
+}
+
 TEST_F(OperationsTest, ResizePanelEditsReachTheChain) {
   AddOperation(1);
   const int index = Last();
