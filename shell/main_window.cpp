@@ -23,6 +23,7 @@ constexpr int kHeaderHeight = 54;
 constexpr int kBottomBarHeight = 46;
 constexpr int kPreviewPaneWidth = 240;
 constexpr int kPageLeft = 12;
+constexpr int kOpeningWidth = 980;
 
 // The header band behind the two pictures.
 class HeaderBand : public QWidget {
@@ -70,7 +71,7 @@ MainWindow::MainWindow(engine::AppState& state, ShellServices& services, std::fu
   operationList()->ReloadAll();
   uploads_ = new UploadBridge(this);
   setMinimumSize(kMinimumWindowWidth, kMinimumWindowHeight);
-  resize(980, kMinimumWindowHeight);
+  resize(kOpeningWidth, kMinimumWindowHeight);
 }
 
 MainWindow::~MainWindow() {
@@ -239,8 +240,9 @@ void MainWindow::Form_Resize() {
   const bool pane = wizard_.PreviewShown;
   const int top = kHeaderHeight + 10;
   const int bottom = height() - kBottomBarHeight;
-  // The pane takes two fifths of any width beyond the least, so the previews grow with the window.
-  const int pane_width = kPreviewPaneWidth + (width() - kMinimumWindowWidth) * 2 / 5;
+  // Beyond the opening width the pane takes two fifths of the window's growth, so the previews
+  // grow with the window.
+  const int pane_width = kPreviewPaneWidth + std::max(0, width() - kOpeningWidth) * 2 / 5;
   const int page_width = width() - kPageLeft - (pane ? pane_width : 0);
   const QRect page(kPageLeft, top, page_width, bottom - top);
   fr1_->setGeometry(page);

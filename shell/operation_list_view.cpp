@@ -162,8 +162,10 @@ void OperationListView::RelayOperationList() {
     w.box->setGeometry(0, place.top, width, place.height);
     if (w.caption) w.caption->setGeometry(0, 0, width, place.height);
     // The fixed panels' boxes (folder, name template) take the entry's width.
-    if (w.fixed)
-      w.fixed->resize(std::max(w.fixed->sizeHint().width(), width - kPanelLeft - kPanelLeft), w.fixed->height());
+    if (w.fixed) {
+      const QSize hint = w.fixed->sizeHint();
+      w.fixed->resize(std::max(hint.width(), width - 2 * kPanelLeft), hint.height());
+    }
     PlaceRemoveButton(w);
     w.box->show();
   }

@@ -1,6 +1,7 @@
 // velmora-window-screenshots: starts the window on the bundled samples in a private data folder,
 // walks the three wizard steps and opens each dialog, and saves a picture of each into a folder
-// (docs/ by default). Run it on a real display or under xvfb-run.
+// (docs/ by default). Run it on a real display or under xvfb-run; with QT_SCALE_FACTOR=2 it
+// pictures the operations step alone, at twice the pixels.
 #include <QApplication>
 #include <QDir>
 #include <QListWidget>
@@ -84,7 +85,8 @@ int main(int argc, char** argv) {
   window->lwSrc()->setCurrentItem(window->lwSrc()->topLevelItem(0));
   window->SourceItemClicked();
   Settle(*window);
-  bool ok = Save(window.get(), out_dir, "window-step1-sources.png");
+  const qreal scale = window->devicePixelRatioF();
+  bool ok = scale > 1.0 || Save(window.get(), out_dir, "window-step1-sources.png");
 
   // Step 2: a chain of a resize, a text watermark and more contrast.
   QTest::mouseClick(window->Command2(), Qt::LeftButton);
@@ -103,6 +105,12 @@ int main(int argc, char** argv) {
     slider->setValue(30);
   window->Timer2_Timer();
   Settle(*window);
+  // On a scaled screen (QT_SCALE_FACTOR=2) only this step is pictured, to show the buttons' and
+  // panels' sharpness at that scale.
+  if (scale > 1.0) {
+    const QString name = QStringLiteral("window-step2-operations-scale%1.png").arg(scale);
+    return Save(window.get(), out_dir, name) && ok ? EXIT_SUCCESS : EXIT_FAILURE;
+  }
   ok = Save(window.get(), out_dir, "window-step2-operations.png") && ok;
 
   // The dialogs, each on its own.

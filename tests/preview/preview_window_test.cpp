@@ -2,6 +2,7 @@
 // the pane, "No Image", the wait overlay, and the clicks that open the viewer.
 #include <QLineEdit>
 
+#include "engine/number_text.h"
 #include "scripts/sample_images.h"
 #include "tests/shell/window_fixture.h"
 
@@ -40,9 +41,12 @@ TEST_F(PreviewWindowTest, AddingAnImageShowsItAndItsConversion) {
   EXPECT_TRUE(pane()->prwFon2()->no_image()->isHidden());
   EXPECT_FALSE(result->isHidden());
   EXPECT_TRUE(pane()->prwFon()->no_image()->isHidden());
-  EXPECT_EQ(result->width(), 215);
-  EXPECT_EQ(result->height(), 108);
-  EXPECT_EQ(result->y() - pane()->prwFon()->contentsRect().y(), 42);  // centred: 95.5 - 54 = 41.5
+  // A 2:1 picture in a box less than twice as wide as high fills the box's width, centred.
+  const QSize box = pane()->prwFon()->innerSize();
+  EXPECT_EQ(result->width(), box.width());
+  EXPECT_EQ(result->height(), engine::RoundHalfEven(box.width() / 2.0));
+  EXPECT_EQ(result->y() - pane()->prwFon()->contentsRect().y(),
+            engine::RoundHalfEven(box.height() / 2.0 - result->height() / 2.0));
   EXPECT_TRUE(pane()->prwFonWait()->isHidden());
   EXPECT_EQ(pane()->PrwFonWaitLabel()->text(), "100%");
   EXPECT_TRUE(std::filesystem::exists(home.DataFolder() + "/Temp/preview.dat"));
@@ -59,8 +63,9 @@ TEST_F(PreviewWindowTest, TheWorkerSeesTheLatestEditsThroughItsOwnApplyProfile) 
   Settle();
   QLabel* result = pane()->prwFon()->picture();
   // 200 by 100 turned a quarter is 100 by 200, fitted to the box's height.
-  EXPECT_EQ(result->width(), 96);
-  EXPECT_EQ(result->height(), 191);
+  const QSize box = pane()->prwFon()->innerSize();
+  EXPECT_EQ(result->height(), box.height());
+  EXPECT_EQ(result->width(), engine::RoundHalfEven(box.height() / 2.0));
   // The window's own chain is untouched by the worker: only ApplyProfile moves it.
   EXPECT_EQ(state->blocks.UpperBound(), 0);
 }

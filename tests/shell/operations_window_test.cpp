@@ -181,7 +181,9 @@ TEST_F(OperationsTest, FieldsShowTheirTextAndThePreviewGrowsWithTheWindow) {
     auto* edit = window->findChild<QLineEdit*>(name);
     ASSERT_TRUE(edit);
     EXPECT_LE(edit->fontMetrics().horizontalAdvance(edit->text()) + 10, edit->width()) << edit->text().toStdString();
+    EXPECT_GE(edit->height(), edit->minimumSizeHint().height()) << name;
   }
+  EXPECT_GT(window->findChild<QWidget*>("Check1")->y(), window->findChild<QWidget*>("SaveToText1")->geometry().bottom());
   window->fixed().SaveToText1 = "/home/anna/" + std::string(200, 'x') + "/Output/";
   window->operationList()->ReloadAll();
   EXPECT_EQ(window->findChild<QLineEdit*>("SaveToText1")->cursorPosition(), 0);
