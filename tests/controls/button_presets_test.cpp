@@ -5,40 +5,6 @@
 namespace velmora::controls {
 namespace {
 
-TEST(ButtonDefaults, MatchTheDeclaredTable) {
-  const ButtonProperties p = new_button_properties("Button7");
-  EXPECT_EQ(p.ButtonShape, 0);
-  EXPECT_EQ(p.ButtonStyle, 1);
-  EXPECT_EQ(p.ButtonStyleColors, 1);
-  EXPECT_EQ(p.ButtonTheme, 0);
-  EXPECT_EQ(p.ButtonType, 0);
-  EXPECT_EQ(p.CaptionAlignment, 2);
-  EXPECT_EQ(p.CaptionEffect, 0);
-  EXPECT_EQ(p.CaptionStyle, 0);
-  EXPECT_EQ(p.DropDown, 0);
-  EXPECT_EQ(p.PictureAlignment, 2);
-  EXPECT_EQ(p.BackColor, 0x8000000Fu);
-  EXPECT_EQ(p.BackColorPressed, 0x8000000Fu);
-  EXPECT_EQ(p.BackColorHover, 0x8000000Fu);
-  EXPECT_EQ(p.BorderColor, 0u);
-  EXPECT_EQ(p.BorderColorPressed, 0u);
-  EXPECT_EQ(p.BorderColorHover, 0u);
-  EXPECT_EQ(p.ForeColor, 0u);
-  EXPECT_EQ(p.ForeColorPressed, 255u);
-  EXPECT_EQ(p.ForeColorHover, 0xFF0000u);
-  EXPECT_EQ(p.EffectColor, 0xFFFFFFu);
-  EXPECT_EQ(p.Caption, "Button7");
-  EXPECT_TRUE(p.FocusRect);
-  EXPECT_FALSE(p.Value);
-  EXPECT_FALSE(p.HandPointer);
-  EXPECT_TRUE(p.Picture.isNull());
-  EXPECT_FALSE(p.PictureGray);
-  EXPECT_TRUE(p.Enabled);
-  EXPECT_EQ(p.Font.family(), "Tahoma");
-  EXPECT_EQ(p.MousePointer, 0);
-  EXPECT_TRUE(p.MouseIcon.isNull());
-}
-
 TEST(ButtonStylePreset, FaceColoursOfEachStyle) {
   struct Row {
     int style;

@@ -33,13 +33,6 @@ class ButtonStateMachineTest : public ::testing::Test {
   }
 };
 
-TEST_F(ButtonStateMachineTest, StartsNormal) {
-  EXPECT_FALSE(machine.state().Pressed);
-  EXPECT_FALSE(machine.state().Hover);
-  EXPECT_FALSE(machine.state().HasFocus);
-  EXPECT_FALSE(machine.captured());
-}
-
 TEST_F(ButtonStateMachineTest, PointerEnteringTakesCaptureRedrawsAndRaisesMove) {
   const ButtonActions actions = machine.mouse_move(props, 0, 1, 10, 12, 80, 33);
   EXPECT_EQ(actions, (ButtonActions{Capture(), Redraw(), Raise(ButtonEventKind::MouseMove, 0, 1, 10, 12)}));
@@ -144,22 +137,6 @@ TEST_F(ButtonStateMachineTest, DoubleClickPresses) {
   EXPECT_TRUE(machine.state().Pressed);
 }
 
-TEST_F(ButtonStateMachineTest, EnterReleaseLeavesTheButtonDownAndReportsAMouseDown) {
-  EXPECT_EQ(machine.key_down(props, kKeyEnter, 0), (ButtonActions{Redraw(), Raise(ButtonEventKind::KeyDown, 13, 0)}));
-  EXPECT_TRUE(machine.state().Pressed);
-  EXPECT_EQ(machine.key_up(props, kKeyEnter, 1),
-            (ButtonActions{Redraw(), Redraw(), Raise(ButtonEventKind::MouseDown, 0, 0, 0, 0),
-                           Raise(ButtonEventKind::KeyUp, 13, 1)}));
-  EXPECT_TRUE(machine.state().Pressed);
-}
-
-TEST_F(ButtonStateMachineTest, SpaceReleaseRaisesNoClick) {
-  machine.key_down(props, kKeySpace, 0);
-  EXPECT_TRUE(machine.state().Pressed);
-  EXPECT_EQ(machine.key_up(props, kKeySpace, 0), (ButtonActions{Redraw(), Raise(ButtonEventKind::KeyUp, 32, 0)}));
-  EXPECT_FALSE(machine.state().Pressed);
-}
-
 TEST_F(ButtonStateMachineTest, OtherKeysOnlyReport) {
   EXPECT_EQ(machine.key_down(props, 65, 2), ButtonActions{Raise(ButtonEventKind::KeyDown, 65, 2)});
   EXPECT_FALSE(machine.state().Pressed);
@@ -171,20 +148,6 @@ TEST_F(ButtonStateMachineTest, AnyKeyUpLiftsAPressedButton) {
   machine.mouse_down(props, 1, 0, 1, 1);
   EXPECT_EQ(machine.key_up(props, 65, 0), (ButtonActions{Redraw(), Raise(ButtonEventKind::KeyUp, 65, 0)}));
   EXPECT_FALSE(machine.state().Pressed);
-}
-
-TEST_F(ButtonStateMachineTest, FocusIsTrackedAndRedrawn) {
-  EXPECT_EQ(machine.focus_changed(props, true), ButtonActions{Redraw()});
-  EXPECT_TRUE(machine.state().HasFocus);
-  machine.focus_changed(props, false);
-  EXPECT_FALSE(machine.state().HasFocus);
-}
-
-TEST_F(ButtonStateMachineTest, DesignHostDropsMouseMoves) {
-  machine.set_design_mode(true);
-  EXPECT_TRUE(machine.mouse_move(props, 0, 0, 10, 10, 80, 33).empty());
-  EXPECT_FALSE(machine.state().Hover);
-  EXPECT_FALSE(machine.captured());
 }
 
 TEST(HandCursor, ShowsWithFocusOrUnpressedHover) {

@@ -72,12 +72,6 @@ TEST(LabelMeasure, WordWrapDoesNotChangeTheMeasure) {
   EXPECT_EQ(label_text_extent(p), single);
 }
 
-TEST(LabelAutoSize, BorderAddsFourPixels) {
-  EXPECT_EQ(label_auto_size(kBorderFixedSingle, {50, 14}), QSize(54, 18));
-  EXPECT_EQ(label_auto_size(kBorderNone, {50, 14}), QSize(50, 14));
-  EXPECT_FALSE(label_auto_size(2, {50, 14}).has_value());
-}
-
 TEST(LabelPathEllipsis, KeepsTheNameAfterTheLastSeparator) {
   auto count = [](const QString& s) { return static_cast<int>(s.size()); };
   const QString path = "C:\\dir\\sub\\file.txt";
@@ -101,34 +95,6 @@ TEST(LabelPathEllipsis, OnlyForSingleLines) {
   EXPECT_TRUE(label_display_text(p, 120).contains("..."));
   p.WordWrap = true;
   EXPECT_EQ(label_display_text(p, 120), p.Caption);
-}
-
-TEST(LabelEnabled, GrayWhileDisabledAndTheSetColourAfter) {
-  LabelProperties p = Props("x");
-  set_label_fore_color(p, 0x0000FF);
-  set_label_enabled(p, false);
-  EXPECT_EQ(p.ForeColor, kSysGrayText);
-  set_label_enabled(p, true);
-  EXPECT_EQ(p.ForeColor, 0x0000FFu);
-}
-
-TEST(LabelDefaults, NewControlAndStoredForm) {
-  const LabelProperties fresh = new_label_properties("lblFile", 0x00FFFFFF, 0x00000001, QFont("DejaVu Sans"));
-  EXPECT_EQ(fresh.Caption, "lblFile");
-  EXPECT_EQ(fresh.BackStyle, kBackTransparent);
-  EXPECT_EQ(fresh.BackColor, 0x00FFFFFFu);
-  EXPECT_EQ(fresh.ForeColor, 0x00000001u);
-  EXPECT_TRUE(fresh.AutoSize);
-  EXPECT_TRUE(fresh.UseMnemonic);
-  const LabelProperties stored = read_label_properties(PropertyBag(), "lblFile", QFont("DejaVu Serif"));
-  EXPECT_EQ(stored.Caption, "lblFile");
-  EXPECT_EQ(stored.BackStyle, kBackOpaque);
-  EXPECT_EQ(stored.BackColor, 0x8000000Fu);
-  EXPECT_EQ(stored.ForeColor, 0x80000012u);
-  EXPECT_EQ(stored.Font.family(), "DejaVu Serif");
-  EXPECT_EQ(stored.Alignment, 0);
-  EXPECT_TRUE(stored.AutoSize);
-  EXPECT_FALSE(stored.PathEllipsis);
 }
 
 TEST(LabelPersistence, KeysAndRoundTrip) {

@@ -38,18 +38,5 @@ TEST(SaveFlags, ExrAndGifAlwaysZeroOthersUntouched) {
   EXPECT_EQ(NextSaveFlags(77, Choices(4)), 77);
 }
 
-TEST(MultipageFile, OnlyGifAndTiffInMultipageMode) {
-  OutputChoices output = Choices(5);
-  output.MultipageMode = 1;
-  EXPECT_TRUE(WritesMultipageFile(output));
-  output.OutputFormat = 2;
-  EXPECT_TRUE(WritesMultipageFile(output));
-  output.OutputFormat = 1;
-  EXPECT_FALSE(WritesMultipageFile(output));
-  output.OutputFormat = 5;
-  output.MultipageMode = 0;
-  EXPECT_FALSE(WritesMultipageFile(output));
-}
-
 }  // namespace
 }  // namespace velmora::engine

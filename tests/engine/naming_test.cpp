@@ -31,6 +31,7 @@ TEST(ExpandTemplate, LaterTokensApplyToTextBroughtInByEarlierOnes) {
 }
 
 struct FakeDisk {
+  explicit FakeDisk(std::set<std::string> existing) : files(std::move(existing)) {}
   std::set<std::string> files;
   std::vector<std::string> removed;
   int yields = 0;
@@ -44,33 +45,6 @@ struct FakeDisk {
         [this] { ++yields; });
   }
 };
-
-TEST(OutputPolicy, SkipEmptiesTheNameOnlyWhenTheFileExists) {
-  FakeDisk disk{{"/o/pic.jpg"}};
-  std::string path = "/o/pic.jpg";
-  EXPECT_EQ(disk.Apply(0, path), Collision::kSkip);
-  EXPECT_EQ(path, "");
-  std::string free_path = "/o/other.jpg";
-  EXPECT_EQ(disk.Apply(0, free_path), Collision::kWrite);
-  EXPECT_EQ(free_path, "/o/other.jpg");
-}
-
-TEST(OutputPolicy, OverwriteDeletesAndYields) {
-  FakeDisk disk{{"/o/pic.jpg"}};
-  std::string path = "/o/pic.jpg";
-  EXPECT_EQ(disk.Apply(1, path), Collision::kWrite);
-  EXPECT_EQ(path, "/o/pic.jpg");
-  EXPECT_EQ(disk.removed, std::vector<std::string>{"/o/pic.jpg"});
-  EXPECT_EQ(disk.yields, 1);
-}
-
-TEST(OutputPolicy, AutoChangeTakesTheFirstFreeNumber) {
-  FakeDisk disk{{"/o/pic.jpg"}};
-  for (int n = 1; n <= 6; ++n) disk.files.insert("/o/pic-00" + std::to_string(n) + ".jpg");
-  std::string path = "/o/pic.jpg";
-  disk.Apply(2, path);
-  EXPECT_EQ(path, "/o/pic-007.jpg");
-}
 
 TEST(OutputPolicy, AutoChangeStopsAtTheThousandthCandidateEvenIfTaken) {
   FakeDisk disk{{"/o/pic.jpg", "/o/pic-1000.jpg"}};
@@ -97,11 +71,6 @@ TEST(OutputPolicy, UnknownPolicyLeavesTheName) {
   EXPECT_EQ(disk.Apply(7, path), Collision::kWrite);
   EXPECT_EQ(path, "/o/pic.jpg");
   EXPECT_TRUE(disk.removed.empty());
-}
-
-TEST(PageName, MarksZeroBasedPages) {
-  EXPECT_EQ(PageName("/o/pic.jpg", 0), "/o/pic (page 0).jpg");
-  EXPECT_EQ(PageName("/o/pic.jpg", 12), "/o/pic (page 12).jpg");
 }
 
 }  // namespace

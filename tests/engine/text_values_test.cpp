@@ -29,33 +29,10 @@ TEST(NumberReading, OverflowGivesNoValue) {
   EXPECT_EQ(RoundHalfEven(-1e30), std::numeric_limits<std::int64_t>::min());
 }
 
-TEST(BooleanReading, WordsAndNumbers) {
-  EXPECT_EQ(ReadBoolean("True"), true);
-  EXPECT_EQ(ReadBoolean("false"), false);
-  EXPECT_EQ(ReadBoolean("1"), true);
-  EXPECT_EQ(ReadBoolean("0"), false);
-  EXPECT_EQ(ReadBoolean("-1"), true);
-  EXPECT_FALSE(ReadBoolean("").has_value());
-  EXPECT_FALSE(ReadBoolean("maybe").has_value());
-}
-
-TEST(ThreeDigits, PadsToThree) {
-  EXPECT_EQ(ThreeDigits(0), "000");
-  EXPECT_EQ(ThreeDigits(42), "042");
-  EXPECT_EQ(ThreeDigits(1000), "1000");
-}
-
 TEST(WatermarkFont, EmptyGivesDefaultsAtRunTime) {
   FontState font{255, kTrue, kTrue, kTrue, "Other", 40, kTrue};
   ParseWatermarkFont(font, "");
   EXPECT_EQ(font, (FontState{0, kFalse, kFalse, kFalse, "Arial", 12, kFalse}));
-}
-
-TEST(WatermarkFont, EmptyChangesNothingForTheStyleButton) {
-  const FontState before{255, kTrue, kFalse, kTrue, "Other", 40, kTrue};
-  FontState font = before;
-  ParseWatermarkFont(font, "", false);
-  EXPECT_EQ(font, before);
 }
 
 TEST(WatermarkFont, RoundTripsAndFormatsWithoutQuoting) {

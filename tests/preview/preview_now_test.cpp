@@ -167,18 +167,5 @@ TEST_F(PreviewNowTest, AnUnreadableOrCrashingSourceShowsNoImageAboveAndStillRuns
   }
 }
 
-TEST(ViewerTarget, ClicksOpenThePreviewFileOrTheSource) {
-  engine::AppState state;
-  state.AppDataFolder = "/home/u/Documents/Velmora";
-  EXPECT_FALSE(ResultClickTarget(state, engine::SourceList{}).has_value());
-  const engine::SourceList list{{"/p/a.jpg", "/p/b.jpg"}, 1};
-  EXPECT_EQ(ResultClickTarget(state, list), "/home/u/Documents/Velmora/Temp/preview.dat");
-  state.preview.ThreadRunning = engine::kTrue;
-  EXPECT_FALSE(ResultClickTarget(state, list).has_value());
-  EXPECT_EQ(SourceClickTarget(list), "/p/b.jpg");  // the worker doesn't matter for the source
-  EXPECT_FALSE(SourceClickTarget(engine::SourceList{}).has_value());
-  EXPECT_EQ(SourceClickTarget(engine::SourceList{{"/p/a.jpg"}, -1}), "");
-}
-
 }  // namespace
 }  // namespace velmora::preview

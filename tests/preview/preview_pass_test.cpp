@@ -50,25 +50,6 @@ TEST_F(PreviewPassTest, ADirtyMarkStartsOneWorkerAndClearsBothMarks) {
   EXPECT_EQ(pass.thread_timeout, 5000);
 }
 
-TEST_F(PreviewPassTest, AHiddenPaneKeepsTheMarkForLater) {
-  host.pane = false;
-  flags.PreviewDirty = engine::kTrue;
-  Pass();
-  EXPECT_EQ(host.starts, 0);
-  EXPECT_NE(flags.PreviewDirty, engine::kFalse);
-  host.pane = true;
-  Pass();
-  EXPECT_EQ(host.starts, 1);
-}
-
-TEST_F(PreviewPassTest, TheRunPageDropsTheMark) {
-  host.run_page = true;
-  flags.PreviewDirty = engine::kTrue;
-  Pass();
-  EXPECT_EQ(host.starts, 0);
-  EXPECT_EQ(flags.PreviewDirty, engine::kFalse);
-}
-
 TEST_F(PreviewPassTest, AnEditDuringARunningPreviewLeavesNoMark) {
   flags.PreviewDirty = engine::kTrue;
   Pass();

@@ -6,13 +6,6 @@
 namespace velmora::settings {
 namespace {
 
-TEST(IniDocument, ReadsValuesWithNamesInAnyCase) {
-  const IniDocument document("[Main]\r\nLastProfile=/a/b.profile\r\n[Other]\r\nx=1\r\n");
-  EXPECT_EQ(document.Get("Main", "LastProfile"), "/a/b.profile");
-  EXPECT_EQ(document.Get("MAIN", "lastprofile"), "/a/b.profile");
-  EXPECT_EQ(document.Get("other", "X"), "1");
-}
-
 TEST(IniDocument, MissingSectionOrKeyGivesEmpty) {
   const IniDocument document("[Main]\nkey=value\n");
   EXPECT_EQ(document.Get("Main", "other"), "");
@@ -29,18 +22,6 @@ TEST(IniDocument, TrimsBlanksAndOnePairOfQuotes) {
   EXPECT_EQ(document.Get("S", "k5"), "a=b");
 }
 
-TEST(IniDocument, LongValuesComeBackCutTo254Characters) {
-  const std::string long_value(300, 'w');
-  const IniDocument document("[S]\nk=" + long_value + "\n");
-  EXPECT_EQ(document.Get("S", "k"), std::string(254, 'w'));
-}
-
-TEST(IniDocument, WriteReplacesTheValueInPlace) {
-  IniDocument document("; note\r\n[Main]\r\nA=1\r\nLastProfile=old\r\nZ=9\r\n");
-  document.Set("main", "lastprofile", "new");
-  EXPECT_EQ(document.Serialize(), "; note\r\n[Main]\r\nA=1\r\nLastProfile=new\r\nZ=9\r\n");
-}
-
 TEST(IniDocument, WriteAppendsAKeyBehindTheLastLineOfItsSection) {
   IniDocument document("[A]\r\nx=1\r\n\r\n[B]\r\ny=2\r\n");
   document.Set("A", "z", "3");
@@ -54,13 +35,6 @@ TEST(IniDocument, WriteAppendsAMissingSectionToTheEnd) {
   IniDocument document("[A]\r\nx=1\r\n");
   document.Set("New", "k", "v");
   EXPECT_EQ(document.Serialize(), "[A]\r\nx=1\r\n[New]\r\nk=v\r\n");
-}
-
-TEST(IniDocument, AnEmptyDocumentGetsCrLfLines) {
-  IniDocument document;
-  document.Set("Main", "LastProfile", "");
-  document.Set("Main", "Other", "x");
-  EXPECT_EQ(document.Serialize(), "[Main]\r\nLastProfile=\r\nOther=x\r\n");
 }
 
 TEST(IniDocument, AHandWrittenFileKeepsItsOwnLineEnds) {

@@ -41,13 +41,6 @@ TEST(IniFile, WriteLeavesTheRestOfAHandWrittenFileAlone) {
   EXPECT_EQ(ReadWholeFile(file), "# comment\n[Main]\nLastProfile=new\nWindow=left\n[Plugins]\nx=1\n");
 }
 
-TEST(IniFile, MissingFileOrFolderReadsEmpty) {
-  TempFolder temp;
-  EXPECT_EQ(ReadIni("Main", "LastProfile", temp.file("absent.ini")), "");
-  EXPECT_EQ(ReadIni("Main", "LastProfile", temp.path().string()), "");
-  EXPECT_EQ(ReadIni("Main", "LastProfile", ""), "");
-}
-
 TEST(IniFile, WritesThatCannotLandAreLostWithoutAWord) {
   TempFolder temp;
   WriteIni("Main", "k", std::string("v"), "");                    // empty name: nothing stored

@@ -35,6 +35,15 @@ std::string Lines(std::initializer_list<const char*> lines) {
   return text;
 }
 
+// "a;b;c" as the lines a, b and c, each ended by CR LF.
+std::string SemicolonLines(const std::string& joined) {
+  std::string text;
+  std::size_t from = 0;
+  for (std::size_t at; (at = joined.find(';', from)) != std::string::npos; from = at + 1)
+    text += joined.substr(from, at - from) + "\r\n";
+  return text + joined.substr(from) + "\r\n";
+}
+
 const std::string kDefaultSettings =
     Lines({"[Settings]", "1=True", "2=", "3=0", "4=", "5=", "6=", "7=False", "8=1", "9=False",
            "10=", "11=", "12=", "13=", "14=False", "15=False", "16=", "17=False"});
@@ -83,82 +92,17 @@ TEST(ProfileFile, EveryFieldGoesUnderItsOwnKey) {
   state.blocks.Append(text);
 
   ASSERT_TRUE(SaveProfile(state, temp.file("all.profile")));
-  EXPECT_EQ(ReadWholeFile(temp.file("all.profile")), Lines({"[Settings]",
-                                                            "1=True",
-                                                            "2=login",
-                                                            "3=1",
-                                                            "4=secret",
-                                                            "5=/www",
-                                                            "6=ftp.example.org",
-                                                            "7=True",
-                                                            "8=2",
-                                                            "9=True",
-                                                            "10=user",
-                                                            "11=pw",
-                                                            "12=8080",
-                                                            "13=10.0.0.1",
-                                                            "14=True",
-                                                            "15=True",
-                                                            "16=21",
-                                                            "17=True",
-                                                            "[Profile]",
-                                                            "1=3",
-                                                            "2=256",
-                                                            "3=4",
-                                                            "4=5",
-                                                            "5=6",
-                                                            "6=1",
-                                                            "7=75",
-                                                            "8={counter}-{title}.{outputtype}",
-                                                            "9=False",
-                                                            "10=/out/",
-                                                            "ProcessTotal=2",
-                                                            "[Block_0]",
-                                                            "1=50",
-                                                            "2=True",
-                                                            "3=0",
-                                                            "4=1",
-                                                            "5=50",
-                                                            "6=0",
-                                                            "7=0",
-                                                            "8=0",
-                                                            "9=0",
-                                                            "10=0",
-                                                            "11=0",
-                                                            "12=0",
-                                                            "13=0",
-                                                            "14=",
-                                                            "15=0",
-                                                            "16=0",
-                                                            "17=0",
-                                                            "18=0",
-                                                            "19=0",
-                                                            "20=0",
-                                                            "21=0",
-                                                            "22=",
-                                                            "[Block_1]",
-                                                            "1=0",
-                                                            "2=False",
-                                                            "3=0",
-                                                            "4=0",
-                                                            "5=0",
-                                                            "6=3",
-                                                            "7=0",
-                                                            "8=0",
-                                                            "9=0",
-                                                            "10=1",
-                                                            "11=-10",
-                                                            "12=7",
-                                                            "13=45",
-                                                            "14=(c) me",
-                                                            "15=0",
-                                                            "16=2",
-                                                            "17=20",
-                                                            "18=0",
-                                                            "19=0",
-                                                            "20=0",
-                                                            "21=0",
-                                                            "22=255|True|False|False|DejaVu Sans|14|True"}));
+  // One key a line, written here with ";" between the lines.
+  const std::string expected = SemicolonLines(
+      "[Settings];1=True;2=login;3=1;4=secret;5=/www;6=ftp.example.org;7=True;8=2;9=True;10=user;11=pw;"
+      "12=8080;13=10.0.0.1;14=True;15=True;16=21;17=True;"
+      "[Profile];1=3;2=256;3=4;4=5;5=6;6=1;7=75;8={counter}-{title}.{outputtype};9=False;10=/out/;"
+      "ProcessTotal=2;"
+      "[Block_0];1=50;2=True;3=0;4=1;5=50;6=0;7=0;8=0;9=0;10=0;11=0;12=0;13=0;14=;15=0;16=0;17=0;18=0;"
+      "19=0;20=0;21=0;22=;"
+      "[Block_1];1=0;2=False;3=0;4=0;5=0;6=3;7=0;8=0;9=0;10=1;11=-10;12=7;13=45;14=(c) me;15=0;16=2;"
+      "17=20;18=0;19=0;20=0;21=0;22=255|True|False|False|DejaVu Sans|14|True");
+  EXPECT_EQ(ReadWholeFile(temp.file("all.profile")), expected);
 
   AppState loaded = NewState("/elsewhere");
   LoadProfile(loaded, temp.file("all.profile"));

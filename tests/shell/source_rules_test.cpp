@@ -44,19 +44,6 @@ TEST(IconKey, OneKeyPerTypeNameButOwnNamesForShortcutsAndPrograms) {
   EXPECT_EQ(IconKey("Program", "tool", FileIconClass::kOtherProgram), "DOSExeIcon");
 }
 
-TEST(RemoveWalk, ThreeSelectedNeighboursLeaveTheMiddleOne) {
-  const std::vector<std::string> rows{"a", "b", "c", "d", "e"};
-  const RemoveResult result = RemoveWalk(rows, {false, true, true, true, false}, 1);
-  EXPECT_EQ(result.rows, (std::vector<std::string>{"a", "c", "e"}));
-  EXPECT_EQ(result.select, 1);
-}
-
-TEST(RemoveWalk, TheNotedIndexBeyondTheEndSelectsTheLast) {
-  const RemoveResult result = RemoveWalk({"a", "b", "c"}, {false, false, true}, 2);
-  EXPECT_EQ(result.rows, (std::vector<std::string>{"a", "b"}));
-  EXPECT_EQ(result.select, 1);
-}
-
 TEST(RemoveWalk, RemovingEverythingSelectsNothing) {
   const RemoveResult result = RemoveWalk({"a"}, {true}, 0);
   EXPECT_TRUE(result.rows.empty());
@@ -79,15 +66,6 @@ TEST(AddScannedNames, SkipsIndexZeroAndEmptyNamesAndYieldsEveryHundred) {
   EXPECT_EQ(added.size(), 249u);
   EXPECT_EQ(added.front(), "f0");
   EXPECT_EQ(yields, 2);
-}
-
-TEST(SourceImageFilters, EightFiltersInOrder) {
-  const auto& filters = SourceImageFilters();
-  ASSERT_EQ(filters.size(), 8u);
-  EXPECT_STREQ(filters[0].name, "All image files");
-  EXPECT_STREQ(filters[3].name, "Portable Graphics PNG (*.png)");
-  EXPECT_STREQ(filters[7].name, "Windows Enhanced Matafile (*.emf)");
-  EXPECT_STREQ(filters[5].patterns, "*.bmp;*.dib");
 }
 
 }  // namespace

@@ -76,21 +76,6 @@ TEST(PicasaText, SignInAnswerFields) {
   EXPECT_EQ(token, "tok1");
 }
 
-TEST(PicasaText, SignInFieldsGrowOnlyWithTokenAndAnswer) {
-  engine::Settings settings;
-  settings.PicasaUsername = "ann@example.com";
-  settings.PicasaPassword = "pw";
-  const std::vector<NameValue> first = SignInFields(settings, "", "");
-  ASSERT_EQ(first.size(), 5u);
-  EXPECT_EQ(first[0], NameValue("Email", "ann@example.com"));
-  EXPECT_EQ(first[4], NameValue("accountType", "HOSTED_OR_GOOGLE"));
-  EXPECT_EQ(SignInFields(settings, "tok", "").size(), 5u);
-  const std::vector<NameValue> answered = SignInFields(settings, "tok", "ans");
-  ASSERT_EQ(answered.size(), 7u);
-  EXPECT_EQ(answered[5], NameValue("logintoken", "tok"));
-  EXPECT_EQ(answered[6], NameValue("logincaptcha", "ans"));
-}
-
 TEST(PicasaText, FeedEntriesStopAtAnUnclosedEntry) {
   const std::string feed =
       "<feed><entry><id>http://h/data/entry/api/user/u/albumid/1</id><title type='text'>One</title></entry>"
@@ -110,11 +95,6 @@ TEST(PicasaText, AlbumPathOfEitherSchemeIsTheSame) {
   EXPECT_EQ(AlbumPathOf("HTTPS://PicasaWeb.Google.com/data/ENTRY/api/user/u/albumid/7", host),
             "/data/feed/api/user/u/albumid/7");
   EXPECT_EQ(AlbumPathOf("", host), "");
-}
-
-TEST(PicasaText, RefusalText) {
-  EXPECT_EQ(RefusalText("Failed to receive list of albums", 500, "oops"),
-            "Failed to receive list of albums\r\n\r\n500\r\noops");
 }
 
 TEST(VersionText, RemoteAndLocalVersions) {
