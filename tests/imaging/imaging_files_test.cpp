@@ -176,9 +176,10 @@ std::string NewBmpBytes(const NewBmp& bmp) {
     line.resize((line.size() + 3) / 4 * 4, '\0');
     pixels += line;
   }
+  const int colours_used = bmp.bits == 8 ? kBmpWidth * kBmpHeight : 0;  // a short colour table
   if (bmp.bits == 8) {
-    for (int i = 0; i < 256; ++i) {
-      const testing_pages::Rgba c = BmpColour(i % kBmpWidth, i / kBmpWidth % kBmpHeight);
+    for (int i = 0; i < colours_used; ++i) {
+      const testing_pages::Rgba c = BmpColour(i % kBmpWidth, i / kBmpWidth);
       table += {static_cast<char>(c.b), static_cast<char>(c.g), static_cast<char>(c.r), 0};
     }
   }
@@ -196,7 +197,7 @@ std::string NewBmpBytes(const NewBmp& bmp) {
   put(static_cast<std::uint32_t>(pixels.size()), 4);
   put(2835, 4);
   put(2835, 4);
-  put(0, 4);
+  put(static_cast<std::uint32_t>(colours_used), 4);
   put(0, 4);
   for (std::uint32_t mask : bmp.masks) put(mask, 4);
   put(0x73524742, 4);  // "sRGB"
