@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace velmora::controls {
 namespace {
 
@@ -27,27 +29,16 @@ TEST(ButtonStylePreset, FaceColoursOfEachStyle) {
   }
 }
 
-TEST(ButtonStylePreset, Style4PullsFillToSolidUnlessNone) {
-  ButtonProperties p;
-  p.ButtonStyleColors = 0;
-  apply_button_style(p, 4);
-  EXPECT_EQ(p.ButtonStyleColors, 0);
-  p.ButtonStyleColors = 2;
-  apply_button_style(p, 4);
-  EXPECT_EQ(p.ButtonStyleColors, 1);
-}
-
-TEST(ButtonStylePreset, Style6PullsFillToVerticalUnlessNone) {
-  ButtonProperties p;
-  p.ButtonStyleColors = 0;
-  apply_button_style(p, 6);
-  EXPECT_EQ(p.ButtonStyleColors, 0);
-  p.ButtonStyleColors = 5;
-  apply_button_style(p, 6);
-  EXPECT_EQ(p.ButtonStyleColors, 3);
-  p.ButtonStyleColors = 5;
-  apply_button_style(p, 7);
-  EXPECT_EQ(p.ButtonStyleColors, 5);
+TEST(ButtonStylePreset, Styles4And6PullTheFillUnlessNone) {
+  struct Row {
+    int style, fill_before, fill_after;
+  };
+  for (const Row& row : {Row{4, 0, 0}, Row{4, 2, 1}, Row{6, 0, 0}, Row{6, 5, 3}, Row{7, 5, 5}}) {
+    ButtonProperties p;
+    p.ButtonStyleColors = row.fill_before;
+    apply_button_style(p, row.style);
+    EXPECT_EQ(p.ButtonStyleColors, row.fill_after) << "style " << row.style << " from " << row.fill_before;
+  }
 }
 
 TEST(ButtonStylePreset, UnknownStyleWritesNoColour) {
@@ -68,15 +59,10 @@ TEST(ButtonThemePreset, ZeroLeavesEveryColour) {
   p.BorderColor = 4;
   p.BorderColorHover = 5;
   p.BorderColorPressed = 6;
-  const ButtonProperties before = p;
   apply_button_theme(p, 0);
-  EXPECT_EQ(p.ButtonTheme, 0);
-  EXPECT_EQ(p.BackColor, before.BackColor);
-  EXPECT_EQ(p.BackColorHover, before.BackColorHover);
-  EXPECT_EQ(p.BackColorPressed, before.BackColorPressed);
-  EXPECT_EQ(p.BorderColor, before.BorderColor);
-  EXPECT_EQ(p.BorderColorHover, before.BorderColorHover);
-  EXPECT_EQ(p.BorderColorPressed, before.BorderColorPressed);
+  EXPECT_EQ(std::vector<OleColor>({p.BackColor, p.BackColorHover, p.BackColorPressed, p.BorderColor, p.BorderColorHover,
+                                   p.BorderColorPressed}),
+            std::vector<OleColor>({1, 2, 3, 4, 5, 6}));
 }
 
 TEST(ButtonThemePreset, ThemesReplaceFaceAndBorderColours) {

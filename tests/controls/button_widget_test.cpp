@@ -91,6 +91,14 @@ TEST_F(ButtonWidgetTest, MouseClickRaisesEventsInOrder) {
   EXPECT_FALSE(button.state().Pressed);
 }
 
+TEST_F(ButtonWidgetTest, LeavingEndsTheHover) {
+  Mouse(QEvent::MouseMove, {10, 10}, Qt::NoButton, Qt::NoButton);
+  ASSERT_TRUE(button.state().Hover);
+  QEvent leave(QEvent::Leave);
+  QCoreApplication::sendEvent(&button, &leave);
+  EXPECT_FALSE(button.state().Hover);
+}
+
 TEST_F(ButtonWidgetTest, ReleaseOffTheControlRaisesNoClick) {
   Mouse(QEvent::MouseMove, {10, 10}, Qt::NoButton, Qt::NoButton);
   Mouse(QEvent::MouseButtonPress, {10, 10});

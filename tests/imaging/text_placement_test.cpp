@@ -19,36 +19,22 @@ TextDrawRequest Box(int h_anchor, int v_anchor) {
 
 const LineExtent kLine{101.4, 29, 7};  // 36 pixels from ascent line to descent line
 
-TEST(TextPlacement, LeftTopPinsTheLineStartAndAscentLineToLeftAndTop) {
-  const LineAnchor anchor = AnchorLine(kLine, Box(3, 1));
-  EXPECT_EQ(anchor.line_x, 0);
-  EXPECT_EQ(anchor.line_y, 0);
-  EXPECT_EQ(anchor.image_x, 40);
-  EXPECT_EQ(anchor.image_y, 30);
-}
-
-TEST(TextPlacement, RightBottomPinsTheLineEndAndDescentLineToRightAndBottom) {
-  const LineAnchor anchor = AnchorLine(kLine, Box(4, 2));
-  EXPECT_EQ(anchor.line_x, 101);
-  EXPECT_EQ(anchor.line_y, 36);
-  EXPECT_EQ(anchor.image_x, 630);
-  EXPECT_EQ(anchor.image_y, 470);
-}
-
-TEST(TextPlacement, CentrePinsTheMiddleToLeftAndTop) {
-  const LineAnchor anchor = AnchorLine(kLine, Box(0, 0));
-  EXPECT_EQ(anchor.line_x, 51);
-  EXPECT_EQ(anchor.line_y, 18);
-  EXPECT_EQ(anchor.image_x, 40);
-  EXPECT_EQ(anchor.image_y, 30);
-}
-
-TEST(TextPlacement, UnknownAnchorsCountAsLeftAndTop) {
-  const LineAnchor anchor = AnchorLine(kLine, Box(7, -2));
-  EXPECT_EQ(anchor.line_x, 0);
-  EXPECT_EQ(anchor.line_y, 0);
-  EXPECT_EQ(anchor.image_x, 40);
-  EXPECT_EQ(anchor.image_y, 30);
+// Left and top pin the line's start and ascent line to the box's left and top, right and bottom
+// its end and descent line to the right and bottom; the centre pins the middle to left and top;
+// unknown anchors count as left and top.
+TEST(TextPlacement, AnchorsPinTheLineToTheBox) {
+  struct Row {
+    int h, v, line_x, line_y, image_x, image_y;
+  };
+  for (const Row& row :
+       {Row{3, 1, 0, 0, 40, 30}, Row{4, 2, 101, 36, 630, 470}, Row{0, 0, 51, 18, 40, 30}, Row{7, -2, 0, 0, 40, 30}}) {
+    SCOPED_TRACE(::testing::Message() << "anchors " << row.h << ", " << row.v);
+    const LineAnchor anchor = AnchorLine(kLine, Box(row.h, row.v));
+    EXPECT_EQ(anchor.line_x, row.line_x);
+    EXPECT_EQ(anchor.line_y, row.line_y);
+    EXPECT_EQ(anchor.image_x, row.image_x);
+    EXPECT_EQ(anchor.image_y, row.image_y);
+  }
 }
 
 TEST(TextPlacement, QuarterTurnPointsTheBaselineUpAndTheLineDownToTheRight) {

@@ -20,28 +20,10 @@
 #include "shell/new_operation_dialog.h"
 #include "shell/shell_services.h"
 #include "shell/start_up.h"
+#include "tests/support/qt_environment.h"
 #include "tests/support/test_support.h"
 
 namespace velmora::testing {
-
-class QtEnvironment : public ::testing::Environment {
- public:
-  void SetUp() override {
-    if (QApplication::instance()) return;
-    setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    static int argc = 1;
-    static char name[] = "velmora-tests";
-    static char* argv[] = {name, nullptr};
-    app_ = std::make_unique<QApplication>(argc, argv);
-  }
-  // Before the program's static objects go, while Qt's own still stand.
-  void TearDown() override { app_.reset(); }
-
- private:
-  std::unique_ptr<QApplication> app_;
-};
-
-inline ::testing::Environment* const kQtEnvironment = ::testing::AddGlobalTestEnvironment(new QtEnvironment);
 
 // Answers the window's dialogs from queues (an empty queue answers as a cancel) and records what
 // the window asked the desktop to open.
