@@ -81,7 +81,8 @@ TEST(OleColor, TranslatesSystemColoursThroughTheFixedPalette) {
   EXPECT_EQ(translate_color(0x80000014), ole_rgb(255, 255, 255));
   EXPECT_EQ(translate_color(0x80000015), ole_rgb(105, 105, 105));
   EXPECT_EQ(translate_color(0x80000011), ole_rgb(109, 109, 109));
-  EXPECT_EQ(translate_color(0x80000040), 0u);
+  EXPECT_EQ(translate_color(0x8000001E), ole_rgb(240, 240, 240));  // the last of the palette
+  EXPECT_EQ(translate_color(0x8000001F), 0u);                      // the first index beyond it
   EXPECT_EQ(translate_color(0x01336699), 0x336699u);
   EXPECT_EQ(to_rgb(0x00FF8040), qRgb(0x40, 0x80, 0xFF));  // bytes are red, green, blue from the low end
   EXPECT_EQ(ole_from_qcolor(QColor(0x40, 0x80, 0xFF)), 0x00FF8040u);
