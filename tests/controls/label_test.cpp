@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QMouseEvent>
 
 #include "controls/label_persistence.h"
 #include "controls/label_renderer.h"
@@ -157,6 +158,7 @@ TEST(LabelDrawing, OpaqueFillsAndBorderSinks) {
   EXPECT_TRUE(PixelIs(image, 20, 0, kSysButtonShadow));
   EXPECT_TRUE(PixelIs(image, 1, 1, kSys3DDarkShadow));
   EXPECT_TRUE(PixelIs(image, 39, 19, kSys3DHighlight));
+  EXPECT_TRUE(PixelIs(image, 20, 19, kSys3DHighlight));
   EXPECT_TRUE(PixelIs(image, 38, 18, kSysButtonFace));
   EXPECT_TRUE(PixelIs(image, 37, 17, 0x00FF00));
   EXPECT_EQ(label_text_rect(p, {40, 20}), QRect(2, 2, 36, 16));
@@ -229,6 +231,16 @@ TEST(LabelWidget, AutoSizeNeverElides) {
   label.setAutoSize(false);
   label.resize(50, 20);
   EXPECT_EQ(label.size(), QSize(50, 20));
+}
+
+TEST(LabelWidget, PointerMovesComeWithoutAButtonHeld) {
+  TindraLabel label(nullptr, "lbl");
+  label.resize(50, 20);
+  int moves = 0;
+  QObject::connect(&label, &TindraLabel::mouseMove, [&moves](int button, int, int, int) { moves += button == 0; });
+  QMouseEvent move(QEvent::MouseMove, QPointF(7, 5), QPointF(7, 5), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(&label, &move);
+  EXPECT_EQ(moves, 1);
 }
 
 TEST(LabelWidget, DisablingGraysAndEnablingRestores) {
