@@ -71,6 +71,11 @@ TEST_F(ButtonWidgetTest, SquareShapesAndMinimumSize) {
   button.setButtonShape(shape::kRectangle);
   button.resize(10, 10);
   EXPECT_EQ(button.size(), QSize(25, 25));
+  button.resize(80, 20);
+  EXPECT_EQ(button.size(), QSize(80, 25));
+  button.setButtonShape(12);  // unknown shapes are square too
+  button.resize(60, 30);
+  EXPECT_EQ(button.size(), QSize(60, 60));
 }
 
 TEST_F(ButtonWidgetTest, ShapeSetsTheWindowMask) {

@@ -8,20 +8,6 @@
 namespace velmora::controls {
 namespace {
 
-TEST(SurfaceSize, SquareShapesTakeTheirWidthAsHeight) {
-  EXPECT_EQ(button_surface_size(shape::kEllipse, {100, 50}), QSize(100, 100));
-  EXPECT_EQ(button_surface_size(shape::kDiamond, {50, 100}), QSize(50, 50));
-  EXPECT_EQ(button_surface_size(12, {60, 30}), QSize(60, 60));
-  EXPECT_EQ(button_surface_size(shape::kRectangle, {100, 50}), QSize(100, 50));
-  EXPECT_EQ(button_surface_size(shape::kRoundedRectangle, {50, 100}), QSize(50, 100));
-}
-
-TEST(SurfaceSize, NeverUnder375Twips) {
-  EXPECT_EQ(button_surface_size(shape::kRectangle, {10, 3}), QSize(25, 25));
-  EXPECT_EQ(button_surface_size(shape::kRectangle, {80, 20}), QSize(80, 25));
-  EXPECT_EQ(button_surface_size(shape::kArrowUp, {20, 90}), QSize(25, 25));
-}
-
 TEST(ShapePolygon, PointsInRegionOrderWithHalvesToEven) {
   EXPECT_EQ(shape_polygon(shape::kDiamond, 60, 60), QPolygon({{60, 30}, {30, 0}, {0, 30}, {30, 60}}));
   EXPECT_EQ(shape_polygon(shape::kTriangleDown, 60, 60), QPolygon({{0, 1}, {30, 60}, {60, 1}}));
