@@ -10,24 +10,14 @@
 namespace velmora::preview {
 namespace {
 
-// The shared recording view for the run's outputs, and counters for the source box.
-class RecordingPreviewView : public PreviewView {
+// The shared recording view for the run's outputs, with counters for the source box, and boxes
+// of the window's design size.
+class RecordingPreviewView : public testing::RecordingViewOf<PreviewView> {
  public:
-  testing::RecordingView run;
-  void SetStatus(const std::string& text) override { run.SetStatus(text); }
-  void SetFile(const std::string& text) override { run.SetFile(text); }
-  void SetProgressRange(int minimum, int maximum) override { run.SetProgressRange(minimum, maximum); }
-  void SetProgressValue(int value) override { run.SetProgressValue(value); }
-  void ShowWait(bool shown) override { run.ShowWait(shown); }
-  void SetWaitLabel(const std::string& text) override { run.SetWaitLabel(text); }
-  void PreviewFrameSize(int& width, int& height) override { run.PreviewFrameSize(width, height); }
-  void ShowPreview(const imaging::DisplayPicture& picture, int top, int left) override {
-    run.ShowPreview(picture, top, left);
+  RecordingPreviewView() {
+    frame_width = 215;
+    frame_height = 191;
   }
-  void OpenFolder(const std::string& folder) override { run.OpenFolder(folder); }
-  void Yield() override { run.Yield(); }
-  void LogFailure(const std::string& message) override { run.LogFailure(message); }
-
   int original_shown = 0, no_original = 0, cleared = 0;
   imaging::DisplayPicture original;
   int original_top = 0, original_left = 0;
@@ -51,14 +41,6 @@ class PreviewNowTest : public ::testing::Test {
     state.AppDataFolder = data.path().string();
     engine::MakePath(state.AppDataFolder + "/Temp/");
     state.output.OutputFolder = data.slash();
-    view.run.frame_width = 215;
-    view.run.frame_height = 191;
-  }
-  RecordingPreviewView FreshView() const {
-    RecordingPreviewView fresh;
-    fresh.run.frame_width = 215;
-    fresh.run.frame_height = 191;
-    return fresh;
   }
   testing::TempFolder data;
   engine::AppState state;
@@ -101,7 +83,7 @@ TEST(CentreInBox, PicturesStandInTheMiddle) {
 TEST_F(PreviewNowTest, AnEmptyListClearsBothBoxes) {
   PreviewNow2(state, engine::SourceList{}, view);
   EXPECT_EQ(view.cleared, 1);
-  EXPECT_EQ(view.run.pictures_shown, 0);
+  EXPECT_EQ(view.pictures_shown, 0);
   EXPECT_EQ(state.preview.PreviewMode, engine::kFalse);
 }
 
@@ -117,18 +99,18 @@ TEST_F(PreviewNowTest, TheSelectedImageIsShownAndConvertedIntoThePreviewFile) {
   EXPECT_EQ(view.original.width, 100u);
   EXPECT_EQ(view.original_top, 46);
   EXPECT_EQ(view.original_left, 58);
-  EXPECT_EQ(view.run.pictures_shown, 1);
-  EXPECT_EQ(view.run.picture.width, 100u);
-  EXPECT_EQ(view.run.wait_labels.front(), "0%");
-  EXPECT_EQ(view.run.wait_labels.back(), "100%");
-  EXPECT_FALSE(view.run.wait_shown);
+  EXPECT_EQ(view.pictures_shown, 1);
+  EXPECT_EQ(view.picture.width, 100u);
+  EXPECT_EQ(view.wait_labels.front(), "0%");
+  EXPECT_EQ(view.wait_labels.back(), "100%");
+  EXPECT_FALSE(view.wait_shown);
   const testing::ImageFacts facts = testing::ReadImageFacts(PreviewFilePath(state));
   EXPECT_TRUE(facts.readable);
   EXPECT_EQ(facts.format, 13);  // PNG
   EXPECT_EQ(state.WrittenFiles.UpperBound(), 1);
   EXPECT_EQ(state.WrittenFiles[0], PreviewFilePath(state));
   EXPECT_EQ(state.preview.PreviewMode, engine::kFalse);
-  EXPECT_EQ(view.run.LastStatus(), "Completed.");
+  EXPECT_EQ(view.LastStatus(), "Completed.");
 }
 
 // In this process and in a worker process alike.
@@ -137,14 +119,14 @@ TEST_F(PreviewNowTest, ALargeImageIsFittedInBothBoxes) {
   ASSERT_TRUE(samples::WritePhotoJpeg(source, 860, 430));
   std::vector<std::vector<std::uint8_t>> pixels;
   for (const engine::WorkerLimits& workers : {engine::WorkerLimits{}, engine::WorkerLimits{kWorker}}) {
-    RecordingPreviewView view = FreshView();
+    RecordingPreviewView view;
     PreviewNow2(state, engine::SourceList{{source}, 0}, view, workers);
     EXPECT_EQ(view.original.width, 215u);
     EXPECT_EQ(view.original.height, 108u);
-    EXPECT_EQ(view.run.picture.width, 215u);
-    EXPECT_EQ(view.run.picture.height, 108u);
+    EXPECT_EQ(view.picture.width, 215u);
+    EXPECT_EQ(view.picture.height, 108u);
     pixels.push_back(view.original.rgba);
-    pixels.push_back(view.run.picture.rgba);
+    pixels.push_back(view.picture.rgba);
   }
   EXPECT_TRUE(pixels[0] == pixels[2] && pixels[1] == pixels[3]);
 }
@@ -158,12 +140,12 @@ TEST_F(PreviewNowTest, AnUnreadableOrCrashingSourceShowsNoImageAboveAndStillRuns
       {broken, {}}, {broken, {kWorker}}, {crashing, {kWorker}}};
   for (const auto& [source, workers] : cases) {
     SCOPED_TRACE(source);
-    RecordingPreviewView view = FreshView();
+    RecordingPreviewView view;
     PreviewNow2(state, engine::SourceList{{source}, 0}, view, workers);
     EXPECT_EQ(view.no_original, 1);
     EXPECT_EQ(view.original_shown, 0);
-    EXPECT_EQ(view.run.pictures_shown, 0);
-    EXPECT_EQ(view.run.LastStatus(), "Completed.");
+    EXPECT_EQ(view.pictures_shown, 0);
+    EXPECT_EQ(view.LastStatus(), "Completed.");
   }
 }
 

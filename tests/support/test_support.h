@@ -37,7 +37,10 @@ struct ImageFacts {
 ImageFacts ReadImageFacts(const std::string& path);
 
 // A RunView that keeps everything it is told.
-class RecordingView : public engine::RunView {
+// Records what a run shows; `Base` is the view interface it stands for (a preview view adds the
+// source box to the run's outputs).
+template <typename Base = engine::RunView>
+class RecordingViewOf : public Base {
  public:
   std::vector<std::string> statuses, files, wait_labels, opened_folders, failures;
   int progress_min = 0, progress_max = 0, progress_value = -1;
@@ -73,6 +76,7 @@ class RecordingView : public engine::RunView {
   std::string LastStatus() const { return statuses.empty() ? "" : statuses.back(); }
   std::string LastFile() const { return files.empty() ? "" : files.back(); }
 };
+using RecordingView = RecordingViewOf<>;
 
 std::string ReadWholeFile(const std::string& path);
 void WriteWholeFile(const std::string& path, const std::string& content);
