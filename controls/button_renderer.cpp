@@ -46,13 +46,15 @@ ButtonFrame paint_button(const ButtonProperties& logical, const ButtonLook& look
   paint_focus_mark(frame.image, props, look, caption);
   frame.caption_box = unscaled(caption, scale);
   paint_drop_down(frame.image, props.DropDown);
-  if (const auto drawn = shape_clip_region(props.ButtonShape, device.width(), device.height(), scaled_corner(scale))) {
+  const auto drawn = shape_clip_region(props.ButtonShape, device.width(), device.height(), scaled_corner(scale));
+  if (drawn) {
     QPainter painter(&frame.image);
     painter.setCompositionMode(QPainter::CompositionMode_Clear);
     painter.setClipRegion(QRegion(frame.image.rect()) - *drawn);
     painter.fillRect(frame.image.rect(), Qt::transparent);
   }
-  frame.clip = shape_clip_region(props.ButtonShape, size.width(), size.height());
+  // The window region is in pixels of the control: at scale 1 the drawn one is that region.
+  frame.clip = scale > 1.0 ? shape_clip_region(props.ButtonShape, size.width(), size.height()) : drawn;
   frame.image.setDevicePixelRatio(scale);
   return frame;
 }
