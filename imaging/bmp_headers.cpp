@@ -71,12 +71,17 @@ std::string RepackPixels32(const std::string& pixels, std::uint32_t red, std::ui
   return out;
 }
 
+// The info header sizes of the forms after the classic one: V2, V3, V4 and V5.
+bool IsNewerInfoHeader(std::uint32_t size) {
+  return size == 52 || size == 56 || size == 108 || size == 124;
+}
+
 }  // namespace
 
 bool RewriteToClassicBmp(std::string& bytes) {
   if (bytes.size() < kFileHeaderSize + 56 || bytes[0] != 'B' || bytes[1] != 'M') return false;
   const std::uint32_t header_size = Read32(bytes, kFileHeaderSize);
-  if (header_size != 52 && header_size != 56 && header_size != 108 && header_size != 124) return false;
+  if (!IsNewerInfoHeader(header_size)) return false;
   const std::size_t info = kFileHeaderSize;
   const std::size_t pixel_offset = Read32(bytes, 10);
   const std::size_t table_offset = info + header_size;
@@ -140,9 +145,10 @@ bool RewriteToClassicBmp(std::string& bytes) {
 
 std::optional<std::string> ClassicBmpFile(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
-  // The header size first: a classic file is left to FreeImage without being read here.
+  // The header size first: a file of any other form is left to FreeImage without being read here.
   std::string start(kFileHeaderSize + 4, '\0');
-  if (!file.read(start.data(), static_cast<std::streamsize>(start.size())) || Read32(start, kFileHeaderSize) == 40)
+  if (!file.read(start.data(), static_cast<std::streamsize>(start.size())) ||
+      !IsNewerInfoHeader(Read32(start, kFileHeaderSize)))
     return std::nullopt;
   std::string bytes = start + std::string((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
   if (!RewriteToClassicBmp(bytes)) return std::nullopt;
