@@ -86,7 +86,6 @@ void NewOperationDialog::Open() {
     item->setData(Qt::UserRole, static_cast<int>(i));
     item->setToolTip(NewOperationRows()[i].body);
   }
-  list_->setCurrentRow(-1);
   list_->scrollToTop();
   ok_->setEnabled(true);
   timer_->start();

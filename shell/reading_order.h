@@ -1,6 +1,7 @@
-// Keyboard focus in reading order. Panels are made and dropped as the chain changes, so Qt's
-// focus chain (the order widgets were made in) would send Tab to a new panel only after the
-// bottom bar; the window walks its widgets by where they stand instead.
+// Keyboard focus in reading order. Qt's focus chain follows the order widgets were made in, and
+// the operation list makes its widgets in no reading order (an entry's remove button, at the end
+// of the entry's first line, is made after the panel below it); the window walks its widgets by
+// where they stand instead.
 #pragma once
 
 #include <QWidget>
