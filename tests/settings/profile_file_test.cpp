@@ -29,14 +29,8 @@ AppState NewState(const std::string& app_data) {
   return state;
 }
 
-std::string Lines(std::initializer_list<const char*> lines) {
-  std::string text;
-  for (const char* line : lines) text += std::string(line) + "\r\n";
-  return text;
-}
-
 // "a;b;c" as the lines a, b and c, each ended by CR LF.
-std::string SemicolonLines(const std::string& joined) {
+std::string Lines(const std::string& joined) {
   std::string text;
   std::size_t from = 0;
   for (std::size_t at; (at = joined.find(';', from)) != std::string::npos; from = at + 1)
@@ -45,17 +39,15 @@ std::string SemicolonLines(const std::string& joined) {
 }
 
 const std::string kDefaultSettings =
-    Lines({"[Settings]", "1=True", "2=", "3=0", "4=", "5=", "6=", "7=False", "8=1", "9=False",
-           "10=", "11=", "12=", "13=", "14=False", "15=False", "16=", "17=False"});
+    Lines("[Settings];1=True;2=;3=0;4=;5=;6=;7=False;8=1;9=False;10=;11=;12=;13=;14=False;15=False;16=;17=False");
 
 TEST(ProfileFile, ANewProfileIsWrittenKeyByKeyInFileOrder) {
   TempFolder temp;
   const AppState state = NewState("/data/Velmora");
   ASSERT_TRUE(SaveProfile(state, temp.file("default.profile")));
   EXPECT_EQ(ReadWholeFile(temp.file("default.profile")),
-            kDefaultSettings +
-                Lines({"[Profile]", "1=0", "2=0", "3=0", "4=0", "5=1", "6=0", "7=90",
-                       "8={Title}_{Counter}.{OutputType}", "9=True", "10=/data/Velmora/Output/", "ProcessTotal=0"}));
+            kDefaultSettings + Lines("[Profile];1=0;2=0;3=0;4=0;5=1;6=0;7=90;8={Title}_{Counter}.{OutputType};9=True;"
+                                     "10=/data/Velmora/Output/;ProcessTotal=0"));
 }
 
 TEST(ProfileFile, EveryFieldGoesUnderItsOwnKey) {
@@ -92,8 +84,7 @@ TEST(ProfileFile, EveryFieldGoesUnderItsOwnKey) {
   state.blocks.Append(text);
 
   ASSERT_TRUE(SaveProfile(state, temp.file("all.profile")));
-  // One key a line, written here with ";" between the lines.
-  const std::string expected = SemicolonLines(
+  const std::string expected = Lines(
       "[Settings];1=True;2=login;3=1;4=secret;5=/www;6=ftp.example.org;7=True;8=2;9=True;10=user;11=pw;"
       "12=8080;13=10.0.0.1;14=True;15=True;16=21;17=True;"
       "[Profile];1=3;2=256;3=4;4=5;5=6;6=1;7=75;8={counter}-{title}.{outputtype};9=False;10=/out/;"
