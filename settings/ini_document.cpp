@@ -1,6 +1,7 @@
 // Parsing, lookup and in-place editing of ini text.
 #include "settings/ini_document.h"
 
+#include <algorithm>
 #include <cctype>
 
 namespace velmora::settings {
@@ -112,9 +113,10 @@ void IniDocument::Set(std::string_view section, std::string_view key, std::strin
 
   // The new key goes behind the section's last non-blank line, before any blank lines that
   // separate it from the next section. Only blank lines move, so the key index stays valid.
-  std::size_t after = 0;
-  for (std::size_t i = 0; i < where.lines.size(); ++i)
-    if (!Trim(where.lines[i].text).empty()) after = i;
+  // The section's header line is never blank, so there is always such a line.
+  const auto last_text =
+      std::find_if(where.lines.rbegin(), where.lines.rend(), [](const Line& line) { return !Trim(line.text).empty(); });
+  const auto after = static_cast<std::size_t>(where.lines.rend() - last_text) - 1;
   if (where.lines[after].ending.empty()) where.lines[after].ending = newline_;
   where.lines.insert(where.lines.begin() + static_cast<std::ptrdiff_t>(after) + 1,
                      Line{std::string(key_name) + "=" + std::string(value), newline_});

@@ -11,41 +11,34 @@
 namespace velmora::settings {
 namespace {
 
-// The bytes of `file`; false when it can't be read to the end. `missing` tells a file that
-// isn't there from one that is there but unreadable.
-bool ReadBytes(const std::string& file, std::string& bytes, bool* missing = nullptr) {
-  if (missing) *missing = false;
-  if (file.empty()) return false;
+enum class ReadResult { kRead, kMissing, kUnreadable };
+
+// The bytes of `file`, telling a file that isn't there from one that is there but can't be read
+// to the end (a folder opens but fails to read).
+ReadResult ReadBytes(const std::string& file, std::string& bytes) {
   std::FILE* stream = std::fopen(file.c_str(), "rb");
-  if (!stream) {
-    if (missing) *missing = errno == ENOENT;
-    return false;
-  }
+  if (!stream) return errno == ENOENT ? ReadResult::kMissing : ReadResult::kUnreadable;
   char buffer[8192];
   std::size_t count = 0;
   while ((count = std::fread(buffer, 1, sizeof buffer, stream)) > 0) bytes.append(buffer, count);
-  const bool failed = std::ferror(stream) != 0;  // a folder opens but fails to read
+  const bool failed = std::ferror(stream) != 0;
   std::fclose(stream);
-  return !failed;
+  return failed ? ReadResult::kUnreadable : ReadResult::kRead;
 }
 
 }  // namespace
 
 IniDocument LoadIniDocument(const std::string& file) {
   std::string bytes;
-  if (!ReadBytes(file, bytes)) return IniDocument();
+  if (ReadBytes(file, bytes) != ReadResult::kRead) return IniDocument();
   return IniDocument(bytes);
 }
 
 bool LoadIniDocumentForEdit(const std::string& file, IniDocument& document) {
   std::string bytes;
-  bool missing = false;
-  if (ReadBytes(file, bytes, &missing)) {
-    document = IniDocument(bytes);
-    return true;
-  }
-  document = IniDocument();
-  return missing;
+  const ReadResult result = ReadBytes(file, bytes);
+  document = result == ReadResult::kRead ? IniDocument(bytes) : IniDocument();
+  return result != ReadResult::kUnreadable;
 }
 
 bool StoreIniDocument(const IniDocument& document, const std::string& file) {
