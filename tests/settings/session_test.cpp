@@ -8,7 +8,6 @@
 
 #include "settings/data_folders.h"
 #include "settings/ini_file.h"
-#include "tests/settings/scoped_environment.h"
 #include "tests/support/test_support.h"
 
 namespace velmora::settings {
@@ -17,149 +16,83 @@ namespace {
 namespace fs = std::filesystem;
 using engine::AppState;
 using testing::ReadWholeFile;
-using testing::TempFolder;
 using testing::WriteWholeFile;
 
 class SessionTest : public ::testing::Test {
  protected:
+  // Nothing else in this program reads HOME or XDG_CONFIG_HOME, so they are not given back.
   SessionTest() {
-    environment_.Set("HOME", home_.path().string());
-    environment_.Unset("XDG_CONFIG_HOME");
+    ::setenv("HOME", home_.path().c_str(), 1);
+    ::unsetenv("XDG_CONFIG_HOME");
   }
   std::string Velmora() const { return home_.file("Documents/Velmora"); }
-  std::string DefaultProfile() const { return Velmora() + "/Profiles/default.profile"; }
-
-  TempFolder home_;
-  testing::ScopedEnvironment environment_;
+  std::string Profile(const std::string& name) const { return Velmora() + "/Profiles/" + name; }
+  testing::TempFolder home_;
 };
 
-// What a new profile writes into a file of its own, for comparison.
-std::string DefaultProfileBytes(const std::string& app_data) {
-  TempFolder temp;
-  AppState fresh;
-  fresh.AppDataFolder = app_data;
-  NewProfile(fresh);
-  SaveProfile(fresh, temp.file("reference.profile"));
-  return ReadWholeFile(temp.file("reference.profile"));
-}
-
-TEST_F(SessionTest, FirstStartOnAnEmptyHomeMakesTheFoldersAndTheDefaultProfile) {
-  AppState state;
+// A first start makes the data folders and default.profile. Each exit names the current profile
+// in settings.ini and saves it; the next start takes it, or default.profile reset to the defaults
+// when it is gone.
+TEST_F(SessionTest, EachStartTakesTheProfileOfTheLastExit) {
+  AppState states[6], fresh;
   std::string caption;
-  StartUp(state, [&](const std::string& text) { caption = text; });
-
-  EXPECT_EQ(state.AppDataFolder, Velmora());
-  EXPECT_EQ(state.SettingsFile, Velmora() + "/settings.ini");
-  for (const char* folder : {"", "/Profiles", "/Output", "/Temp"})
+  StartUp(states[0], [&](const std::string& text) { caption = text; });
+  for (const char* folder : {"/Profiles", "/Output", "/Temp"})
     EXPECT_TRUE(fs::is_directory(Velmora() + folder)) << folder;
-  EXPECT_EQ(state.CurrentProfile, DefaultProfile());
-  EXPECT_EQ(ReadWholeFile(DefaultProfile()), DefaultProfileBytes(Velmora()));
-  EXPECT_FALSE(fs::exists(state.SettingsFile));
+  EXPECT_FALSE(fs::exists(Velmora() + "/settings.ini"));
+  EXPECT_EQ(states[0].CurrentProfile, Profile("default.profile"));
   EXPECT_EQ(caption, "Velmora - [default.profile]");
-  EXPECT_EQ(state.output.OutputFolder, Velmora() + "/Output/");
-  EXPECT_EQ(state.settings.AlwaysCreateOutputFolder, engine::kTrue);
+  fresh.AppDataFolder = Velmora();
+  NewProfile(fresh);  // read back from default.profile, the defaults must have gone through the file
+  EXPECT_EQ(states[0].settings, fresh.settings);
+  EXPECT_EQ(states[0].output, fresh.output);
+  states[0].settings.FtpHost = "ftp.example.org";
+  SaveAtExit(states[0]);
+  EXPECT_EQ(ReadWholeFile(Velmora() + "/settings.ini"), "[Main]\r\nLastProfile=" + Profile("default.profile") + "\r\n");
 
-  SaveAtExit(state);
-  EXPECT_EQ(ReadWholeFile(state.SettingsFile), "[Main]\r\nLastProfile=" + DefaultProfile() + "\r\n");
-}
+  StartUp(states[1]);
+  EXPECT_EQ(states[1].settings.FtpHost, "ftp.example.org");
+  states[1].CurrentProfile = Profile("job.profile");
+  SaveAtExit(states[1], [](AppState& state) { state.output.Quality = 60; });  // the window's state goes in
+  StartUp(states[2]);
+  EXPECT_EQ(states[2].CurrentProfile, Profile("job.profile"));
+  EXPECT_EQ(states[2].output.Quality, 60);
 
-TEST_F(SessionTest, TheLastProfileComesBackAtTheNextStart) {
-  AppState first;
-  StartUp(first);
-  first.CurrentProfile = Velmora() + "/Profiles/job.profile";
-  SaveAtExit(first, [](AppState& state) {
-    state.output.Quality = 60;
-    state.blocks.Append(engine::NewBlock(engine::kMirror));
-  });
+  fs::remove(Profile("job.profile"));
+  StartUp(states[3]);
+  EXPECT_EQ(states[3].CurrentProfile, Profile("default.profile"));
+  EXPECT_EQ(ReadIni("Settings", "6", Profile("default.profile")), "");
 
-  AppState second;
-  StartUp(second);
-  EXPECT_EQ(second.CurrentProfile, Velmora() + "/Profiles/job.profile");
-  EXPECT_EQ(second.output.Quality, 60);
-  ASSERT_EQ(second.blocks.UpperBound(), 1);
-  EXPECT_EQ(second.blocks[0].Kind, engine::kMirror);
-}
+  NewProfile(states[3]);
+  states[3].output.Quality = 10;  // unsaved work, lost at exit
+  SaveAtExit(states[3]);
+  EXPECT_EQ(ReadWholeFile(Velmora() + "/settings.ini"), "[Main]\r\nLastProfile=\r\n");
+  StartUp(states[4]);
+  EXPECT_EQ(states[4].output.Quality, 90);
 
-TEST_F(SessionTest, AVanishedLastProfileResetsTheDefaultProfile) {
-  AppState first;
-  StartUp(first);
-  first.settings.FtpHost = "ftp.example.org";
-  SaveAtExit(first);  // the user's work in default.profile
-  ASSERT_EQ(ReadIni("Settings", "6", DefaultProfile()), "ftp.example.org");
-  WriteIni("Main", "LastProfile", Velmora() + "/Profiles/deleted.profile", first.SettingsFile);
-
-  AppState second;
-  StartUp(second);
-  EXPECT_EQ(second.CurrentProfile, DefaultProfile());
-  EXPECT_EQ(second.settings.FtpHost, "");
-  EXPECT_EQ(ReadWholeFile(DefaultProfile()), DefaultProfileBytes(Velmora()));
-  EXPECT_FALSE(fs::exists(Velmora() + "/Profiles/deleted.profile"));
-}
-
-TEST_F(SessionTest, ALastProfileThatIsAFolderLoadsEmptyValues) {
-  AppState first;
-  StartUp(first);
-  first.CurrentProfile = Velmora() + "/Profiles";
-  SaveLastProfileName(first);
-
-  AppState second;
-  second.output.Quality = 90;
-  std::string caption;
-  StartUp(second, [&](const std::string& text) { caption = text; });
-  EXPECT_EQ(second.CurrentProfile, Velmora() + "/Profiles");
-  EXPECT_EQ(second.output.Quality, 0);
-  EXPECT_EQ(second.output.NameTemplate, "");
+  // A last profile that is a folder reads as empty values.
+  WriteIni("Main", "LastProfile", Velmora() + "/Profiles", Velmora() + "/settings.ini");
+  StartUp(states[5], [&](const std::string& text) { caption = text; });
+  EXPECT_EQ(states[5].output.Quality, 0);
   EXPECT_EQ(caption, "Velmora - [Profiles]");
 }
 
-TEST_F(SessionTest, NewProfileThenExitWritesNoProfileAndTheNextStartTakesTheDefault) {
-  AppState first;
-  StartUp(first);
-  NewProfile(first);
-  first.output.Quality = 10;  // unsaved work, lost at exit
-  SaveAtExit(first);
-  EXPECT_EQ(ReadIni("Main", "LastProfile", first.SettingsFile), "");
-  EXPECT_EQ(ReadWholeFile(first.SettingsFile), "[Main]\r\nLastProfile=\r\n");
-
-  AppState second;
-  StartUp(second);
-  EXPECT_EQ(second.CurrentProfile, DefaultProfile());
-  EXPECT_EQ(second.output.Quality, 90);
-  EXPECT_EQ(fs::directory_iterator(Velmora() + "/Profiles")->path().filename(), "default.profile");
-}
-
-TEST_F(SessionTest, TheDocumentsFolderComesFromTheUserDirsFile) {
+TEST_F(SessionTest, TheDataFolderLivesInTheDocumentsFolderOfTheUserDirsFile) {
   fs::create_directories(home_.path() / ".config");
   WriteWholeFile(home_.file(".config/user-dirs.dirs"),
                  "# written by xdg-user-dirs-update\nXDG_DESKTOP_DIR=\"$HOME/Desktop\"\n"
                  "XDG_DOCUMENTS_DIR=\"$HOME/My \\\"Docs\\\"/\"\n");
-  EXPECT_EQ(GetDocumentsFolder(), home_.path().string() + "/My \"Docs\"");
-
-  TempFolder config;
-  environment_.Set("XDG_CONFIG_HOME", config.path().string());
-  WriteWholeFile(config.file("user-dirs.dirs"), "XDG_DOCUMENTS_DIR=\"/srv/papers\"\n");
-  EXPECT_EQ(GetDocumentsFolder(), "/srv/papers");
-
-  WriteWholeFile(config.file("user-dirs.dirs"), "XDG_DOCUMENTS_DIR=\"relative/not/allowed\"\n");
-  EXPECT_EQ(GetDocumentsFolder(), home_.path().string() + "/Documents");
-}
-
-TEST_F(SessionTest, StartUpFindsTheDataFolderInTheConfiguredDocumentsFolder) {
-  fs::create_directories(home_.path() / ".config");
-  WriteWholeFile(home_.file(".config/user-dirs.dirs"), "XDG_DOCUMENTS_DIR=\"$HOME/Dokumente\"\n");
   AppState state;
   StartUp(state);
-  EXPECT_EQ(state.AppDataFolder, home_.file("Dokumente/Velmora"));
-  EXPECT_TRUE(fs::exists(home_.file("Dokumente/Velmora/Profiles/default.profile")));
-}
+  EXPECT_EQ(state.AppDataFolder, home_.file("My \"Docs\"/Velmora"));
+  EXPECT_TRUE(fs::exists(home_.file("My \"Docs\"/Velmora/Profiles/default.profile")));
 
-TEST(FileExists, AFolderCountsAndNothingDoesNot) {
-  TempFolder temp;
-  WriteWholeFile(temp.file("a.profile"), "");
-  EXPECT_TRUE(FileExists(temp.file("a.profile")));
-  EXPECT_TRUE(FileExists(temp.path().string()));
-  EXPECT_FALSE(FileExists(temp.file("b.profile")));
-  EXPECT_FALSE(FileExists(""));
+  testing::TempFolder config;
+  ::setenv("XDG_CONFIG_HOME", config.path().c_str(), 1);
+  WriteWholeFile(config.file("user-dirs.dirs"), "XDG_DOCUMENTS_DIR=\"/srv/papers\"\n");
+  EXPECT_EQ(GetDocumentsFolder(), "/srv/papers");
+  WriteWholeFile(config.file("user-dirs.dirs"), "XDG_DOCUMENTS_DIR=\"relative/not/allowed\"\n");
+  EXPECT_EQ(GetDocumentsFolder(), home_.path().string() + "/Documents");
 }
 
 }  // namespace
