@@ -1,281 +1,466 @@
-// velmora-batch run as a real program over generated folder trees: which files it converts, in
-// which order, what it prints, what it leaves alone, and its exit codes.
+// velmora-batch run as a real program over generated folders: what it converts and in which
+// order, what it prints, its exit codes, what it leaves alone, and what a killed run, a full disk,
+// a dying worker or a hostile file leave behind.
+#include <FreeImage.h>
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/mount.h>
+#include <sys/wait.h>
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
+#include <fstream>
+#include <functional>
+#include <map>
+#include <thread>
+#include <tuple>
 
 #include "engine/app_state.h"
+#include "imaging/tiff_messages.h"
 #include "scripts/sample_images.h"
 #include "settings/profile_file.h"
-#include "tests/app/batch_process.h"
 #include "tests/support/test_support.h"
+
+extern char** environ;
 
 namespace velmora {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::ProcessResult;
 using testing::ReadImageFacts;
 using testing::ReadWholeFile;
-using testing::RunBatchProcess;
-using testing::TempFolder;
-using testing::WriteWholeFile;
+using Clock = std::chrono::steady_clock;
 
-class BatchRunTest : public ::testing::Test {
+struct Result {
+  int code = -1;  // -1 when the program did not exit normally
+  std::string out, err;
+};
+
+// Every file under `folder`, by its path relative to it, with its bytes.
+std::map<std::string, std::string> Files(const fs::path& folder) {
+  std::map<std::string, std::string> files;
+  std::error_code error;
+  for (fs::recursive_directory_iterator it(folder, error), end; it != end; ++it)
+    if (it->is_regular_file()) files[fs::relative(it->path(), folder).string()] = ReadWholeFile(it->path().string());
+  return files;
+}
+
+// The names in `folder`, sorted: temporaries, whose names start with a dot, come first.
+std::vector<std::string> Names(const fs::path& folder) {
+  std::vector<std::string> names;
+  std::error_code error;
+  for (const auto& entry : fs::directory_iterator(folder, error)) names.push_back(entry.path().filename().string());
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+class Batch : public ::testing::Test {
  protected:
-  ProcessResult Run(const std::vector<std::string>& arguments) {
-    return RunBatchProcess(arguments, work_.path().string(), home_.path().string());
+  void SetUp() override { imaging::SilenceTiffMessages(); }
+
+  // Runs velmora-batch in the work folder with a home folder of the test's own and its output in
+  // files, so that it sees no terminal. `during` gets the program's pid before it is waited for.
+  Result Run(std::vector<std::string> arguments, const std::function<void(pid_t)>& during = {}) const {
+    const std::string out = streams_.file("out"), err = streams_.file("err");
+    arguments.insert(arguments.begin(), {"env", "-u", "XDG_CONFIG_HOME", "-C", work_.path().string(),
+                                         "HOME=" + home_.path().string(), VELMORA_BINARY_DIR "/app/velmora-batch"});
+    std::vector<char*> argv;
+    for (std::string& argument : arguments) argv.push_back(argument.data());
+    argv.push_back(nullptr);
+    posix_spawn_file_actions_t streams;
+    posix_spawn_file_actions_init(&streams);
+    posix_spawn_file_actions_addopen(&streams, 1, out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    posix_spawn_file_actions_addopen(&streams, 2, err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    pid_t child = 0;
+    int status = 0, code = -1;
+    if (::posix_spawn(&child, "/usr/bin/env", &streams, nullptr, argv.data(), environ) == 0) {
+      if (during) during(child);
+      if (::waitpid(child, &status, 0) == child && WIFEXITED(status)) code = WEXITSTATUS(status);
+    }
+    posix_spawn_file_actions_destroy(&streams);
+    return {code, ReadWholeFile(out), ReadWholeFile(err)};
   }
-  std::string Work(const std::string& relative) const { return work_.file(relative); }
-  std::string DataFolder() const { return home_.file("Documents/Velmora"); }
 
-  void MakeFolders(const std::string& relative) const { fs::create_directories(work_.path() / relative); }
+  std::string Work(const std::string& name) const { return work_.file(name); }
+  std::string Data(const std::string& name) const { return home_.file("Documents/Velmora/" + name); }
 
-  // pics/ with nested folders, an empty image, a text file and a file that only looks like an
-  // image; extra/cover.jpeg beside it.
-  void MakeTree() const {
-    MakeFolders("pics/trips/2019");
-    MakeFolders("pics/archive");
-    MakeFolders("extra");
-    ASSERT_TRUE(samples::WritePhotoJpeg(Work("pics/harbour.jpg"), 64, 48));
-    ASSERT_TRUE(samples::WriteAlphaPng(Work("pics/badge.png"), 40, 30));
-    WriteWholeFile(Work("pics/empty.jpg"), "");
-    WriteWholeFile(Work("pics/notes.txt"), "not a picture");
-    WriteWholeFile(Work("pics/broken.png"), "not a picture either");
-    ASSERT_TRUE(samples::WritePaletteBmp(Work("pics/archive/old.bmp"), 20, 10));
-    ASSERT_TRUE(samples::WritePaletteBmp(Work("pics/trips/poster.bmp"), 30, 20));
-    ASSERT_TRUE(samples::WritePhotoJpeg(Work("pics/trips/2019/beach.JPG"), 32, 32));
-    ASSERT_TRUE(samples::WritePhotoJpeg(Work("extra/cover.jpeg"), 16, 8));
-  }
-
-  // A profile file written through the settings code, over the defaults of a new profile.
-  std::string WriteProfile(const std::string& name, const std::function<void(engine::AppState&)>& edit) const {
+  // A profile written through the settings code over a new profile's values.
+  std::string Profile(const std::function<void(engine::AppState&)>& edit, std::string path = "") const {
     engine::AppState state;
-    state.AppDataFolder = DataFolder();
     settings::NewProfile(state);
     edit(state);
-    const std::string path = Work(name);
+    if (path.empty()) path = Work("job.profile");
     settings::SaveProfile(state, path);
     return path;
   }
 
-  static std::vector<std::string> Names(const std::string& folder) {
-    std::vector<std::string> names;
-    std::error_code error;
-    for (const auto& entry : fs::directory_iterator(folder, error)) names.push_back(entry.path().filename().string());
-    std::sort(names.begin(), names.end());
-    return names;
+  // pics/ with nested folders, a link back to itself, an empty image, a text file and a file that
+  // only looks like an image; extra/ with an image whose name is no image type.
+  void MakeTree() const {
+    for (const char* folder : {"pics/trips/2019", "pics/archive", "extra"}) fs::create_directories(Work(folder));
+    fs::create_directory_symlink(Work("pics"), Work("pics/trips/loop"));
+    ASSERT_TRUE(samples::WritePhotoJpeg(Work("pics/harbour.jpg"), 64, 48));
+    ASSERT_TRUE(samples::WriteAlphaPng(Work("pics/badge.png"), 40, 30));
+    testing::WriteWholeFile(Work("pics/empty.jpg"), "");
+    testing::WriteWholeFile(Work("pics/notes.txt"), "not a picture");
+    testing::WriteWholeFile(Work("pics/Broken.png"), "not a picture either");
+    ASSERT_TRUE(samples::WritePaletteBmp(Work("pics/archive/old.bmp"), 20, 10));
+    ASSERT_TRUE(samples::WritePaletteBmp(Work("pics/trips/poster.bmp"), 30, 20));
+    ASSERT_TRUE(samples::WritePhotoJpeg(Work("pics/trips/2019/beach.JPG"), 32, 32));
+    ASSERT_TRUE(samples::WritePhotoJpeg(Work("extra/cover.dat"), 16, 8));
   }
 
-  TempFolder home_;
-  TempFolder work_;
+  testing::TempFolder home_, work_, streams_;
 };
 
-TEST_F(BatchRunTest, ConvertsATreeInScanOrderAndSkipsWhatTheAddRuleSkips) {
+// Folders are scanned files first, type by type and by name without regard to case, then
+// subfolders; a file already taken, an empty one and a folder link are passed over, a named file
+// is taken whatever its type. The profile brings the chain and its output folder; the options
+// override its format and template.
+TEST_F(Batch, ConvertsTheSourcesInScanOrderWithTheProfileAndTheOptions) {
   MakeTree();
-  const ProcessResult result = Run({"--output-folder", "out", "--format", "png", "--template",
-                                    "{Counter}_{Title}.{OutputType}", "pics", "pics/badge.png", "extra/cover.jpeg"});
-  ASSERT_EQ(result.exit_code, 0) << result.err;
-  EXPECT_EQ(result.out,
-            "[1/7] Current file: harbour.jpg\n"
-            "[2/7] Current file: badge.png\n"
-            "[3/7] Current file: broken.png\n"
-            "[4/7] Current file: old.bmp\n"
-            "[5/7] Current file: poster.bmp\n"
-            "[6/7] Current file: beach.JPG\n"
-            "[7/7] Current file: cover.jpeg\n"
-            "Completed.\n"
-            "7 file(s) processed.\n");
-  EXPECT_NE(result.err.find("velmora-batch: warning: cannot read " + Work("pics/broken.png") + "\n"), std::string::npos)
-      << result.err;
-  EXPECT_EQ(Names(Work("out")), (std::vector<std::string>{"000_harbour.png", "001_badge.png", "003_old.png",
-                                                          "004_poster.png", "005_beach.png", "006_cover.png"}));
-  const auto harbour = ReadImageFacts(Work("out/000_harbour.png"));
-  EXPECT_EQ(harbour.format, 13);  // PNG
-  EXPECT_EQ(harbour.width, 64u);
-  EXPECT_EQ(harbour.height, 48u);
-}
-
-// Without --profile the job is the window's last profile, else "default.profile", else the
-// defaults of a new profile; whichever it is, no profile and no settings.ini is written.
-struct StartProfileCase {
-  const char* name;
-  bool last_exists, default_exists, last_too_long;
-  const char* output;  // the folder the output lands in, "" for the data folder's Output
-  const char* notice;  // the line on standard error; %L the last profile, %D default.profile
-};
-
-class BatchStartProfileTest : public BatchRunTest, public ::testing::WithParamInterface<StartProfileCase> {};
-
-TEST_P(BatchStartProfileTest, ReadsTheStartProfileAndWritesNoProfile) {
-  const StartProfileCase& c = GetParam();
-  MakeTree();
-  const std::string default_path = DataFolder() + "/Profiles/default.profile";
-  fs::create_directories(DataFolder() + "/Profiles");
-  const std::string last = Work(c.last_too_long ? std::string(250, 'l') + ".profile" : "last.profile");
-  auto write_job = [&](const std::string& path, const std::string& folder) {
-    WriteProfile(path, [&](engine::AppState& state) {
-      state.output.OutputFolder = Work(folder + "/");
-      state.output.NameTemplate = "{Title}.{OutputType}";
-    });
-  };
-  if (c.last_exists) write_job(last, "from-last");
-  if (c.default_exists) write_job(default_path, "from-default");
-  const std::string settings_text = "[Main]\r\nLastProfile=" + last + "\r\n";
-  if (c.default_exists) WriteWholeFile(DataFolder() + "/settings.ini", settings_text);
-  const std::string last_before = ReadWholeFile(last), default_before = ReadWholeFile(default_path);
-
-  const ProcessResult result = Run({"extra/cover.jpeg"});
-  ASSERT_EQ(result.exit_code, 0) << result.err;
-  std::string notice = c.notice;
-  if (const auto at = notice.find("%L"); at != std::string::npos) notice.replace(at, 2, last.substr(0, 254));
-  if (const auto at = notice.find("%D"); at != std::string::npos) notice.replace(at, 2, default_path);
-  EXPECT_EQ(result.err, notice.empty() ? "" : "velmora-batch: " + notice + "\n");
-  const std::string output =
-      *c.output ? Work(std::string(c.output) + "/cover.jpg") : DataFolder() + "/Output/cover_000.jpg";
-  EXPECT_EQ(ReadImageFacts(output).format, 2);
-  EXPECT_EQ(ReadWholeFile(last), last_before);
-  EXPECT_EQ(ReadWholeFile(default_path), default_before);
-  EXPECT_EQ(fs::exists(default_path), c.default_exists);
-  EXPECT_EQ(ReadWholeFile(DataFolder() + "/settings.ini"), c.default_exists ? settings_text : "");
-}
-
-INSTANTIATE_TEST_SUITE_P(Cases, BatchStartProfileTest,
-                         ::testing::Values(StartProfileCase{"NothingOnDisk", false, false, false, "",
-                                                            "no profile found; using the settings of a new profile"},
-                                           StartProfileCase{"LastProfile", true, true, false, "from-last", ""},
-                                           StartProfileCase{"LastProfileGone", false, true, false, "from-default",
-                                                            "the last profile %L is missing; using %D"},
-                                           StartProfileCase{"LastPathOver254Bytes", true, true, true, "from-default",
-                                                            "the last profile %L is missing; using %D"}),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-TEST_F(BatchRunTest, AProfileFileBringsItsChain) {
-  MakeTree();
-  const std::string profile = WriteProfile("half.profile", [&](engine::AppState& state) {
-    state.output.OutputFormat = 3;
+  const std::string profile = Profile([&](engine::AppState& state) {
     state.output.OutputFolder = Work("halves");  // no trailing separator: the batch adds it
-    state.output.NameTemplate = "{Title}.{OutputType}";
-    state.blocks.Append(engine::NewBlock(engine::kResize));  // 50 percent, proportions kept
+    state.output.OutputFormat = 2;
+    state.blocks.Append(engine::NewBlock(engine::kResize));  // 50 percent
   });
-  const std::string profile_before = ReadWholeFile(profile);
-  const ProcessResult result = Run({"--profile", profile, "pics/harbour.jpg"});
-  ASSERT_EQ(result.exit_code, 0) << result.err;
-  const auto half = ReadImageFacts(Work("halves/harbour.png"));
-  EXPECT_EQ(half.width, 32u);
-  EXPECT_EQ(half.height, 24u);
-  EXPECT_EQ(ReadWholeFile(profile), profile_before);
-  EXPECT_FALSE(fs::exists(DataFolder() + "/settings.ini"));
-  EXPECT_FALSE(fs::exists(DataFolder() + "/Profiles/default.profile"));
+  const std::string profile_bytes = ReadWholeFile(profile);
+  const Result result = Run({"--profile", "job.profile", "--format=png", "--template", "{Counter}_{Title}.{OutputType}",
+                             "pics", "pics/badge.png", "extra/cover.dat"});
+  ASSERT_EQ(result.code, 0) << result.err;
+  EXPECT_EQ(result.out,
+            "[1/7] Current file: harbour.jpg\n[2/7] Current file: badge.png\n[3/7] Current file: Broken.png\n"
+            "[4/7] Current file: old.bmp\n[5/7] Current file: poster.bmp\n[6/7] Current file: beach.JPG\n"
+            "[7/7] Current file: cover.dat\nCompleted.\n7 file(s) processed.\n");
+  EXPECT_EQ(result.err, "velmora-batch: warning: cannot read " + Work("pics/Broken.png") + "\n");
+  EXPECT_EQ(Names(Work("halves")), (std::vector<std::string>{"000_harbour.png", "001_badge.png", "003_old.png",
+                                                             "004_poster.png", "005_beach.png", "006_cover.png"}));
+  const auto harbour = ReadImageFacts(Work("halves/000_harbour.png"));
+  EXPECT_EQ(harbour.format, FIF_PNG);
+  EXPECT_EQ(harbour.width, 32u);
+  EXPECT_EQ(harbour.height, 24u);
+  EXPECT_EQ(ReadWholeFile(profile), profile_bytes);
+  EXPECT_TRUE(Files(home_.path()).empty());  // no settings.ini, no default.profile
 }
 
-TEST_F(BatchRunTest, TheSkipPolicyIsCountedInTheLastLine) {
+// A bad command line exits with 2; a missing profile or source, no images, or an output folder
+// that cannot be used with 1. Nothing is converted, and nothing is written before the sources
+// are known to be there.
+TEST_F(Batch, RefusedRunsExitEarlyAndWriteNothing) {
   MakeTree();
-  const std::string profile = WriteProfile("skip.profile", [&](engine::AppState& state) {
-    state.settings.IfOutputFileExists = 0;
-    state.output.OutputFolder = Work("kept/");
-  });
-  ASSERT_EQ(Run({"--profile", profile, "pics/trips"}).exit_code, 0);
-  const auto first = Names(Work("kept"));
-  ASSERT_EQ(first, (std::vector<std::string>{"beach_001.jpg", "poster_000.jpg"}));
-  const ProcessResult again = Run({"--profile", profile, "pics/trips"});
-  ASSERT_EQ(again.exit_code, 0) << again.err;
-  EXPECT_EQ(again.out.substr(again.out.find("Completed.")), "Completed.\n2 file(s) processed. 2 file(s) skipped.\n");
-  EXPECT_EQ(Names(Work("kept")), first);
-}
-
-TEST_F(BatchRunTest, QuietPrintsNothingAndStillConverts) {
-  MakeTree();
-  const ProcessResult result = Run({"--quiet", "--jobs", "2", "--output-folder", "q", "pics/trips"});
-  EXPECT_EQ(result.exit_code, 0);
-  EXPECT_EQ(result.out, "");
-  EXPECT_EQ(Names(Work("q")).size(), 2u);
-}
-
-TEST_F(BatchRunTest, UsageErrorsExitWithTwoAndWriteNothing) {
-  MakeTree();
-  const std::vector<std::pair<std::vector<std::string>, std::string>> cases = {
-      {{"--colour", "red", "pics"}, "velmora-batch: unknown option '--colour'\n"},
-      {{}, "velmora-batch: no source images given: name at least one file or folder\n"},
-      {{"--format", "webp", "pics"},
-       "velmora-batch: unknown format 'webp' (use bmp, jpeg, gif, png, tga, tiff or exr)\n"},
-      {{"--jobs", "none", "pics"}, "velmora-batch: --jobs needs a whole number of at least 1, not 'none'\n"},
-  };
-  for (const auto& [arguments, message] : cases) {
-    const ProcessResult result = Run(arguments);
-    EXPECT_EQ(result.exit_code, 2) << message;
-    EXPECT_EQ(result.err, message + "Try 'velmora-batch --help' for more information.\n");
-    EXPECT_EQ(result.out, "");
-  }
-  EXPECT_TRUE(fs::is_empty(home_.path()));
-}
-
-TEST_F(BatchRunTest, MissingProfileOrSourceExitsWithOneBeforeWritingAnything) {
-  MakeTree();
-  const ProcessResult no_profile = Run({"--profile", "missing.profile", "pics"});
-  EXPECT_EQ(no_profile.exit_code, 1);
-  EXPECT_EQ(no_profile.err, "velmora-batch: profile not found: missing.profile\n");
-  const ProcessResult folder_profile = Run({"--profile", "pics", "pics"});
-  EXPECT_EQ(folder_profile.exit_code, 1);
-  EXPECT_EQ(folder_profile.err, "velmora-batch: profile is a folder, not a file: pics\n");
-  const ProcessResult no_source = Run({"pics", "nope.jpg"});
-  EXPECT_EQ(no_source.exit_code, 1);
-  EXPECT_EQ(no_source.err, "velmora-batch: no such file or folder: nope.jpg\n");
-  EXPECT_TRUE(fs::is_empty(home_.path()));
-}
-
-TEST_F(BatchRunTest, NoImagesAmongTheSourcesExitsWithOne) {
-  MakeFolders("nothing/inner");
-  WriteWholeFile(Work("nothing/readme.txt"), "text");
-  WriteWholeFile(Work("nothing/inner/empty.png"), "");
-  const ProcessResult result = Run({"nothing", "nothing/inner/empty.png"});
-  EXPECT_EQ(result.exit_code, 1);
-  EXPECT_EQ(result.err.rfind("velmora-batch: no source images found", 0), 0u) << result.err;
-  EXPECT_TRUE(fs::is_empty(home_.path()));
-}
-
-TEST_F(BatchRunTest, AnOutputFolderThatCannotBeMadeExitsWithOne) {
-  MakeTree();
-  WriteWholeFile(Work("blocker"), "a file where a folder should go");
-  const ProcessResult under_file = Run({"--output-folder", "blocker/out", "pics"});
-  EXPECT_EQ(under_file.exit_code, 1);
-  EXPECT_EQ(under_file.err, "velmora-batch: cannot create output folder: blocker/out/\n");
-  const ProcessResult is_file = Run({"--output-folder", "blocker", "pics"});
-  EXPECT_EQ(is_file.exit_code, 1);
-  EXPECT_EQ(is_file.err, "velmora-batch: output folder is not a folder: blocker/\n");
-
-  const std::string profile = WriteProfile("nocreate.profile", [&](engine::AppState& state) {
+  testing::WriteWholeFile(Work("blocker"), "a file where a folder should go");
+  Profile([&](engine::AppState& state) {
     state.settings.AlwaysCreateOutputFolder = engine::kFalse;
     state.output.OutputFolder = Work("not-made/");
   });
-  const ProcessResult not_made = Run({"--profile", profile, "pics"});
-  EXPECT_EQ(not_made.exit_code, 1);
-  EXPECT_NE(not_made.err.find("\"Always Create Output Folder\" is off"), std::string::npos) << not_made.err;
+  Profile([](engine::AppState& state) { state.output.OutputFolder.clear(); }, Work("nowhere.profile"));
+  const std::string usage = "\nTry 'velmora-batch --help' for more information.\n";
+  const std::vector<std::tuple<std::vector<std::string>, int, std::string>> cases = {
+      {{"--colour", "red", "pics"}, 2, "unknown option '--colour'" + usage},
+      {{"-q"}, 2, "no source images given: name at least one file or folder" + usage},
+      {{"--format", "webp", "pics"}, 2, "unknown format 'webp' (use bmp, jpeg, gif, png, tga, tiff or exr)" + usage},
+      {{"--jobs=0", "pics"}, 2, "--jobs needs a whole number of at least 1, not '0'" + usage},
+      {{"--jobs", "2x", "pics"}, 2, "--jobs needs a whole number of at least 1, not '2x'" + usage},
+      {{"pics", "--profile"}, 2, "--profile needs a value" + usage},
+      {{"--profile=", "pics"}, 2, "--profile needs a file name" + usage},
+      {{"--template", "", "pics"}, 2, "--template needs a non-empty template" + usage},
+      {{"--quiet=yes", "pics"}, 2, "--quiet takes no value" + usage},
+      {{"--profile", "missing.profile", "pics"}, 1, "profile not found: missing.profile\n"},
+      {{"--profile", "pics", "pics"}, 1, "profile is a folder, not a file: pics\n"},
+      {{"pics", "nope.jpg"}, 1, "no such file or folder: nope.jpg\n"},
+      {{"pics", "--", "-q"}, 1, "no such file or folder: -q\n"},
+      {{"pics", "-"}, 1, "no such file or folder: -\n"},
+      {{"extra", "pics/empty.jpg"},
+       1,
+       "no source images found: the files given are empty or already listed, and the folders given hold no image "
+       "files\n"},
+      {{"--output-folder", "blocker/out", "pics"}, 1, "cannot create output folder: blocker/out/\n"},
+      {{"--output-folder", "blocker", "pics"}, 1, "output folder is not a folder: blocker/\n"},
+      {{"--profile", "nowhere.profile", "pics"}, 1, "the job names no output folder; give one with --output-folder\n"},
+      {{"--profile", "job.profile", "pics"},
+       1,
+       "output folder does not exist and the job's \"Always Create Output Folder\" is off: " + Work("not-made/") +
+           "\n"},
+  };
+  for (const auto& [arguments, code, message] : cases) {
+    SCOPED_TRACE(message);
+    const Result result = Run(arguments);
+    EXPECT_EQ(result.code, code);
+    EXPECT_EQ(result.err, "velmora-batch: " + message);
+    EXPECT_EQ(result.out, "");
+    // The data folders are made only once the job is loaded.
+    EXPECT_TRUE(message.find("output folder") != std::string::npos || fs::is_empty(home_.path()));
+  }
   EXPECT_FALSE(fs::exists(Work("not-made")));
-  EXPECT_EQ(not_made.out, "");
+  EXPECT_TRUE(Files(home_.path()).empty());
+  for (const auto& [option, start] :
+       {std::pair{"--help", "Usage: velmora-batch [OPTIONS] SOURCE...\n"}, std::pair{"--version", "velmora-batch "}}) {
+    const Result result = Run({option});
+    EXPECT_EQ(result.code, 0);
+    EXPECT_EQ(result.out.rfind(start, 0), 0u) << result.out;
+  }
 }
 
-TEST_F(BatchRunTest, HelpAndVersion) {
-  const ProcessResult help = Run({"--help"});
-  EXPECT_EQ(help.exit_code, 0);
-  EXPECT_EQ(help.out.rfind("Usage: velmora-batch [OPTIONS] SOURCE...\n", 0), 0u);
-  EXPECT_NE(help.out.find("does nothing here"), std::string::npos);
-  const ProcessResult version = Run({"--version"});
-  EXPECT_EQ(version.exit_code, 0);
-  EXPECT_EQ(version.out.rfind("velmora-batch ", 0), 0u);
-  EXPECT_TRUE(fs::is_empty(home_.path()));
+// Without --profile the job is the window's last profile, else "default.profile", else a new
+// profile's settings; whichever it is, the batch writes no profile and no settings.ini.
+struct StartCase {
+  const char* name;
+  bool last_exists, default_exists;
+  const char* output;  // relative to the work folder; "" for the data folder's Output
+  const char* notice;  // the line on standard error; %L the last profile, %D default.profile
+};
+class BatchStart : public Batch, public ::testing::WithParamInterface<StartCase> {};
+
+TEST_P(BatchStart, ReadsTheStartProfileAndWritesNoProfile) {
+  const StartCase& c = GetParam();
+  ASSERT_TRUE(samples::WritePhotoJpeg(Work("cover.jpg"), 16, 8));
+  const std::string last = Data("Profiles/last.profile"), fallback = Data("Profiles/default.profile");
+  fs::create_directories(Data("Profiles"));
+  for (const auto& [exists, path, folder] :
+       {std::tuple{c.last_exists, last, "from-last/"}, std::tuple{c.default_exists, fallback, "from-default/"}}) {
+    if (!exists) continue;
+    Profile(
+        [&](engine::AppState& state) {
+          state.output.OutputFolder = Work(folder);
+          state.output.NameTemplate = "{Title}.{OutputType}";
+        },
+        path);
+  }
+  if (c.default_exists) testing::WriteWholeFile(Data("settings.ini"), "[Main]\r\nLastProfile=" + last + "\r\n");
+  const auto before = Files(home_.path());
+
+  const Result result = Run({"cover.jpg"});
+  ASSERT_EQ(result.code, 0) << result.err;
+  std::string notice = c.notice;
+  for (const auto& [mark, path] : {std::pair{"%L", last}, std::pair{"%D", fallback}})
+    if (const auto at = notice.find(mark); at != std::string::npos) notice.replace(at, 2, path);
+  EXPECT_EQ(result.err, notice.empty() ? "" : "velmora-batch: " + notice + "\n");
+  const std::string output = *c.output ? Work(c.output) : Data("Output/cover_000.jpg");
+  EXPECT_EQ(ReadImageFacts(output).format, FIF_JPEG);
+  auto after = Files(home_.path());
+  after.erase(fs::relative(output, home_.path()).string());
+  EXPECT_TRUE(after == before);
 }
 
-TEST_F(BatchRunTest, TheBundledSamplesConvertWithTheDefaultJob) {
-  MakeFolders("samples");
-  ASSERT_EQ(samples::WriteSampleSet(Work("samples")).size(), 8u);
-  const ProcessResult result = Run({"--output-folder", "converted", "samples"});
-  ASSERT_EQ(result.exit_code, 0) << result.err;
-  EXPECT_NE(result.out.find("Completed.\n8 file(s) processed.\n"), std::string::npos) << result.out;
-  const auto names = Names(Work("converted"));
-  EXPECT_GE(names.size(), 8u);
-  for (const std::string& name : names) EXPECT_EQ(ReadImageFacts(Work("converted/" + name)).format, 2) << name;
+INSTANTIATE_TEST_SUITE_P(Cases, BatchStart,
+                         ::testing::Values(StartCase{"NothingOnDisk", false, false, "",
+                                                     "no profile found; using the settings of a new profile"},
+                                           StartCase{"LastProfile", true, true, "from-last/cover.jpg", ""},
+                                           StartCase{"LastProfileGone", false, true, "from-default/cover.jpg",
+                                                     "the last profile %L is missing; using %D"}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+// Converting a folder into itself replaces every original with its conversion, at any --jobs.
+// Crosswise, the sources come in reverse order and are named by counter, so that each output
+// takes the name of another row's source.
+struct InPlaceCase {
+  int jobs;
+  bool crosswise;
+};
+class BatchInPlace : public Batch, public ::testing::WithParamInterface<InPlaceCase> {};
+
+TEST_P(BatchInPlace, EveryOriginalIsReplacedByItsConversion) {
+  const auto [jobs, crosswise] = GetParam();
+  Profile([&](engine::AppState& state) {
+    state.output.NameTemplate = crosswise ? "{Counter}.{OutputType}" : "{Title}.{OutputType}";
+    state.blocks.Append(engine::NewBlock(engine::kResize));
+  });
+  for (const std::string folder : {"reference", "photos0", "photos1", "photos2"}) {
+    SCOPED_TRACE(folder);
+    const std::string sources = folder == "reference" ? "originals" : folder;
+    std::vector<std::string> arguments = {"-q",
+                                          "--profile",
+                                          "job.profile",
+                                          "--output-folder",
+                                          folder,
+                                          "--jobs",
+                                          folder == "reference" ? "1" : std::to_string(jobs)};
+    fs::create_directories(Work(sources));
+    for (int i = 0; i < 6; ++i) {
+      const std::string name = sources + "/00" + std::to_string(i) + ".jpg";
+      ASSERT_TRUE(samples::WritePhotoJpeg(Work(name), 64 + 16 * i, 48, 90, static_cast<unsigned>(i + 1)));
+      if (crosswise) arguments.insert(arguments.end() - i, name);
+    }
+    if (!crosswise) arguments.push_back(sources);
+    const Result result = Run(arguments);
+    ASSERT_EQ(result.code, 0) << result.err;
+    EXPECT_EQ(result.out, "");
+    EXPECT_TRUE(folder == "reference" || Files(Work(folder)) == Files(Work("reference")));
+  }
+  for (unsigned i = 0; i < 6; ++i)  // the counter names the row, not the source
+    EXPECT_EQ(ReadImageFacts(Work("reference/00" + std::to_string(i) + ".jpg")).width,
+              32 + 8 * (crosswise ? 5 - i : i));
+}
+
+INSTANTIATE_TEST_SUITE_P(Jobs, BatchInPlace,
+                         ::testing::Values(InPlaceCase{1, false}, InPlaceCase{2, false}, InPlaceCase{8, false},
+                                           InPlaceCase{1, true}, InPlaceCase{8, true}));
+
+// A killed run and a full disk leave only complete files under final names: single-page TIFF
+// files, or multipage ones appended page by page.
+class BatchInterrupted : public Batch, public ::testing::WithParamInterface<bool> {
+ protected:
+  // The arguments of a TIFF job (32 bits, no compression: large files) over `count` sources, run
+  // once into reference/ for the bytes of complete files.
+  std::vector<std::string> Sources(int count, int width, int height) const {
+    Profile([&](engine::AppState& state) {
+      state.output.NameTemplate = "{Title}.{OutputType}";
+      state.output.OutputFormat = 5;
+      state.output.MultipageMode = GetParam() ? 1 : 0;
+      state.output.CompressionIndex = 0;
+      state.blocks.Append(engine::NewBlock(engine::kResize));
+    });
+    std::vector<std::string> arguments = {"--profile", "job.profile"};
+    for (int i = 0; i < count; ++i) {
+      arguments.push_back("s" + std::to_string(10 + i) + ".tif");
+      EXPECT_TRUE(GetParam()
+                      ? samples::WriteMultipageTiff(Work(arguments.back()), width, height, 3)
+                      : samples::WritePhoto(Work(arguments.back()), width, height, static_cast<unsigned>(i + 1)));
+    }
+    arguments.insert(arguments.end(), {"--output-folder", "reference"});
+    EXPECT_EQ(Run(arguments).code, 0);
+    arguments.pop_back();
+    return arguments;
+  }
+};
+
+TEST_P(BatchInterrupted, AKilledRunLeavesNoPartialFileUnderAFinalName) {
+  std::vector<std::string> arguments = GetParam() ? Sources(4, 1200, 800) : Sources(6, 2400, 1600);
+  arguments.push_back("out");
+  fs::create_directories(Work("out"));
+  bool caught = false;
+  Run(arguments, [&](pid_t child) {
+    // Killed while a file is being written, once at least one is in place.
+    for (const auto give_up = Clock::now() + std::chrono::seconds(60); !caught && Clock::now() < give_up;) {
+      const std::vector<std::string> names = Names(Work("out"));
+      caught = !names.empty() && names.front()[0] == '.' && names.back()[0] != '.';
+      std::this_thread::sleep_for(std::chrono::microseconds(200));
+    }
+    ::kill(child, SIGKILL);
+  });
+  EXPECT_TRUE(caught);
+  const auto reference = Files(Work("reference"));
+  std::size_t complete = 0;
+  for (const auto& [name, bytes] : Files(Work("out"))) {
+    if (name[0] == '.') continue;
+    ++complete;
+    EXPECT_TRUE(reference.count(name) && bytes == reference.at(name)) << name;
+  }
+  EXPECT_LT(complete, reference.size());
+}
+
+// A small file system that fills up during the run (mounting one needs root).
+TEST_P(BatchInterrupted, AFullDiskIsReportedAndLeavesNothingPartial) {
+  std::vector<std::string> arguments = Sources(3, 300, 200);
+  const auto first = fs::file_size(Work("reference/s10.tif"));
+  arguments.insert(arguments.end(), {Work("full"), "--jobs", "1"});  // one source at a time in the small space
+  fs::create_directories(Work("full"));
+  const std::string size = "size=" + std::to_string((first * 3 / 2 + 4095) / 4096 * 4) + "k";
+  if (::mount("tmpfs", Work("full").c_str(), "tmpfs", 0, size.c_str()) != 0) GTEST_SKIP() << "cannot mount a tmpfs";
+  const Result result = Run(arguments);
+  const auto files = Files(Work("full"));
+  ::umount(Work("full").c_str());
+  EXPECT_EQ(result.code, 3);
+  EXPECT_EQ(files.size(), 1u);
+  EXPECT_TRUE(files.count("s10.tif") && files.at("s10.tif") == ReadWholeFile(Work("reference/s10.tif")));
+  EXPECT_NE(result.err.find("velmora-batch: warning: cannot write " + Work("full/s11.tif") + "\n"), std::string::npos)
+      << result.err;
+}
+
+INSTANTIATE_TEST_SUITE_P(Output, BatchInterrupted, ::testing::Values(false, true),
+                         [](const auto& info) { return info.param ? "MultipageFiles" : "SingleFiles"; });
+
+// A source whose worker process dies, or that runs past --source-timeout, is passed over and
+// named; the sources around it are converted and the run ends as usual.
+struct IsolationCase {
+  const char* name;
+  bool kill_worker;
+  const char* warning;
+};
+class BatchIsolation : public Batch, public ::testing::WithParamInterface<IsolationCase> {};
+
+TEST_P(BatchIsolation, TheSourceIsPassedOverAndTheRunGoesOn) {
+  const IsolationCase& c = GetParam();
+  // A slow source between two quick ones: blurring 24 megapixels takes seconds.
+  ASSERT_TRUE(samples::WritePhotoJpeg(Work("a.jpg"), 64, 48));
+  ASSERT_TRUE(samples::WritePhotoJpeg(Work("b_slow.jpg"), 6000, 4000));
+  ASSERT_TRUE(samples::WritePhotoJpeg(Work("c.jpg"), 64, 48));
+  Profile([](engine::AppState& state) {
+    state.output.NameTemplate = "{Title}.{OutputType}";
+    engine::Block blur = engine::NewBlock(engine::kEffect);
+    blur.EffectKind = 0;
+    for (int i = 0; i < 4; ++i) state.blocks.Append(blur);
+  });
+  const Result result = Run({"--quiet", "--profile", "job.profile", "--output-folder", "out", "--jobs", "1",
+                             "--source-timeout", c.kill_worker ? "300" : "1", "a.jpg", "b_slow.jpg", "c.jpg"},
+                            [&](pid_t batch) {
+                              if (!c.kill_worker) return;
+                              // Once the first file is in place, the one worker is on the slow source.
+                              const auto give_up = Clock::now() + std::chrono::seconds(60);
+                              while (!fs::exists(Work("out/a.jpg")) && Clock::now() < give_up)
+                                std::this_thread::sleep_for(std::chrono::milliseconds(5));
+                              const std::string task = std::to_string(batch);
+                              std::ifstream children("/proc/" + task + "/task/" + task + "/children");
+                              for (pid_t worker = 0; children >> worker;) ::kill(worker, SIGKILL);
+                            });
+  EXPECT_EQ(result.code, 0);
+  EXPECT_EQ(result.out, "");  // --quiet; the warnings still come
+  EXPECT_EQ(result.err, "velmora-batch: warning: cannot read " + Work("b_slow.jpg") + ": " + c.warning + "\n");
+  EXPECT_EQ(Names(Work("out")), (std::vector<std::string>{"a.jpg", "c.jpg"}));
+  EXPECT_EQ(ReadImageFacts(Work("out/c.jpg")).width, 64u);
+}
+
+INSTANTIATE_TEST_SUITE_P(Workers, BatchIsolation,
+                         ::testing::Values(IsolationCase{"Killed", true, "the decoder crashed (killed)"},
+                                           IsolationCase{"TimedOut", false, "gave up after 1 s"}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+// Crafted files that crash FreeImage's decoders or that it refuses, files that make it read past a
+// buffer or corrupt its heap (which crashes or not, as the allocator has laid memory out), and odd
+// ones it reads (looping TIFF directories, a GIF screen of 0 x 0), between good photos: every good
+// photo and odd file is converted, every bad file named, every heap one either. A heap-corrupting
+// file that does not crash leaves its worker damaged, so those come last.
+TEST_F(Batch, EveryGoodFileOfTheCraftedCorpusIsConvertedAndEveryBadOneNamed) {
+  auto list = [](const char* folder) {
+    std::vector<std::string> paths;
+    for (const auto& entry : fs::directory_iterator(std::string(VELMORA_SOURCE_DIR "/tests/fuzz/corpus/") + folder))
+      paths.push_back(entry.path().string());
+    std::sort(paths.begin(), paths.end());
+    return paths;
+  };
+  const std::vector<std::string> bad = list("crafted"), odd = list("odd"), heap = list("heap");
+  std::vector<std::string> arguments = {"--output-folder", "out", "--template", "{Title}.png",
+                                        "--format",        "png", "--jobs",     "2"};
+  const std::size_t options = arguments.size();
+  for (std::size_t i = 0; i < bad.size(); ++i) {
+    if (i % 6 == 0) {
+      arguments.push_back("good" + std::to_string(i) + ".jpg");
+      ASSERT_TRUE(samples::WritePhotoJpeg(Work(arguments.back()), 40, 30));
+    }
+    if (i < odd.size()) arguments.push_back(odd[i]);
+    arguments.push_back(bad[i]);
+  }
+  arguments.insert(arguments.end(), heap.begin(), heap.end());
+  const Result result = Run(arguments);
+  EXPECT_EQ(result.code, 0) << result.err;
+  EXPECT_NE(result.out.find("Completed.\n" + std::to_string(arguments.size() - options) + " file(s) processed.\n"),
+            std::string::npos)
+      << result.out;
+  for (std::size_t i = 0; i < bad.size(); i += 6)
+    EXPECT_EQ(ReadImageFacts(Work("out/good" + std::to_string(i) + ".png")).width, 40u) << i;
+  for (const std::string& path : bad)
+    EXPECT_NE(result.err.find("velmora-batch: warning: cannot read " + path), std::string::npos) << path;
+  auto converted = [&](const std::string& path) {
+    const std::string title = fs::path(path).stem().string();
+    return fs::exists(Work("out/" + title + ".png")) || fs::exists(Work("out/" + title + " (page 0).png"));
+  };
+  for (const std::string& path : odd)
+    EXPECT_TRUE(converted(path) && result.err.find(path) == std::string::npos) << path;
+  for (const std::string& path : heap)
+    EXPECT_TRUE(converted(path) != (result.err.find("warning: cannot read " + path) != std::string::npos)) << path;
 }
 
 }  // namespace
