@@ -97,11 +97,12 @@ class Batch : public ::testing::Test {
     return path;
   }
 
-  // pics/ with nested folders, a link back to itself, an empty image, a text file and a file that
-  // only looks like an image; extra/ with an image whose name is no image type.
+  // pics/ with nested folders, links to a folder and to a file, an empty image, a text file and a
+  // file that only looks like an image; extra/ with an image whose name is no image type.
   void MakeTree() const {
     for (const char* folder : {"pics/trips/2019", "pics/archive", "extra"}) fs::create_directories(Work(folder));
     fs::create_directory_symlink(Work("pics"), Work("pics/trips/loop"));
+    fs::create_symlink(Work("pics/harbour.jpg"), Work("pics/trips/2019/shortcut.jpg"));
     ASSERT_TRUE(samples::WritePhotoJpeg(Work("pics/harbour.jpg"), 64, 48));
     ASSERT_TRUE(samples::WriteAlphaPng(Work("pics/badge.png"), 40, 30));
     testing::WriteWholeFile(Work("pics/empty.jpg"), "");
@@ -117,9 +118,9 @@ class Batch : public ::testing::Test {
 };
 
 // Folders are scanned files first, type by type and by name without regard to case, then
-// subfolders; a file already taken, an empty one and a folder link are passed over, a named file
-// is taken whatever its type. The profile brings the chain and its output folder; the options
-// override its format and template.
+// subfolders; a file already taken, an empty one and a folder link are passed over, a link to a
+// file is a file, and a named file is taken whatever its type. The profile brings the chain and its output folder; the
+// options override its format and template.
 TEST_F(Batch, ConvertsTheSourcesInScanOrderWithTheProfileAndTheOptions) {
   MakeTree();
   const std::string profile = Profile([&](engine::AppState& state) {
@@ -132,12 +133,13 @@ TEST_F(Batch, ConvertsTheSourcesInScanOrderWithTheProfileAndTheOptions) {
                              "pics", "pics/badge.png", "extra/cover.dat"});
   ASSERT_EQ(result.code, 0) << result.err;
   EXPECT_EQ(result.out,
-            "[1/7] Current file: harbour.jpg\n[2/7] Current file: badge.png\n[3/7] Current file: Broken.png\n"
-            "[4/7] Current file: old.bmp\n[5/7] Current file: poster.bmp\n[6/7] Current file: beach.JPG\n"
-            "[7/7] Current file: cover.dat\nCompleted.\n7 file(s) processed.\n");
+            "[1/8] Current file: harbour.jpg\n[2/8] Current file: badge.png\n[3/8] Current file: Broken.png\n"
+            "[4/8] Current file: old.bmp\n[5/8] Current file: poster.bmp\n[6/8] Current file: beach.JPG\n"
+            "[7/8] Current file: shortcut.jpg\n[8/8] Current file: cover.dat\nCompleted.\n8 file(s) processed.\n");
   EXPECT_EQ(result.err, "velmora-batch: warning: cannot read " + Work("pics/Broken.png") + "\n");
-  EXPECT_EQ(Names(Work("halves")), (std::vector<std::string>{"000_harbour.png", "001_badge.png", "003_old.png",
-                                                             "004_poster.png", "005_beach.png", "006_cover.png"}));
+  EXPECT_EQ(Names(Work("halves")),
+            (std::vector<std::string>{"000_harbour.png", "001_badge.png", "003_old.png", "004_poster.png",
+                                      "005_beach.png", "006_shortcut.png", "007_cover.png"}));
   const auto harbour = ReadImageFacts(Work("halves/000_harbour.png"));
   EXPECT_EQ(harbour.format, FIF_PNG);
   EXPECT_EQ(harbour.width, 32u);
