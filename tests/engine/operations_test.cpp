@@ -33,120 +33,92 @@ class Operations : public ::testing::Test {
   testing::TempFolder src, out;
 };
 
-TEST_F(Operations, ResizeKeepsTheSmallerNumberOfThePair) {
-  testing::ImageFacts facts = Convert(100, 50, {Resize(200, 300, 0, true)});
-  EXPECT_EQ(facts.width, 200u);
-  EXPECT_EQ(facts.height, 100u);
-  facts = Convert(100, 50, {Resize(300, 200, 0, true)});
-  EXPECT_EQ(facts.width, 400u);  // may exceed the box
-  EXPECT_EQ(facts.height, 200u);
-  facts = Convert(100, 50, {Resize(200, 200, 0, true)});
-  EXPECT_EQ(facts.width, 200u);  // an equal pair stretches
-  EXPECT_EQ(facts.height, 200u);
-  facts = Convert(100, 50, {Resize(30, 70, 0, false)});
-  EXPECT_EQ(facts.width, 30u);
-  EXPECT_EQ(facts.height, 70u);
+Block Turn(std::int16_t angle, std::int16_t direction) {
+  Block block = NewBlock(kRotate);
+  block.Angle = angle;
+  block.Direction = direction;
+  return block;
 }
 
-TEST_F(Operations, ResizePercentRoundsHalvesToEven) {
-  testing::ImageFacts facts = Convert(1000, 333, {Resize(50, 50, 1, false)});
-  EXPECT_EQ(facts.width, 500u);
-  EXPECT_EQ(facts.height, 166u);  // 166.5
-  facts = Convert(101, 67, {Resize(50, 50, 1, false)});
-  EXPECT_EQ(facts.width, 50u);   // 50.5
-  EXPECT_EQ(facts.height, 34u);  // 33.5
-}
-
-TEST_F(Operations, ResizeWithUnknownUnitsReusesTheLastComputedSize) {
-  const testing::ImageFacts facts = Convert(100, 50, {Resize(40, 30, 0, false), Resize(1, 1, 5, false)});
-  EXPECT_EQ(facts.width, 40u);
-  EXPECT_EQ(facts.height, 30u);
+TEST_F(Operations, ResizeAndRotateSizes) {
+  struct Case {
+    int width, height;
+    std::vector<Block> chain;
+    unsigned out_width, out_height;
+  };
+  const Case cases[] = {
+      {100, 50, {Resize(200, 300, 0, true)}, 200, 100},  // the smaller number of the pair is kept
+      {100, 50, {Resize(300, 200, 0, true)}, 400, 200},  // and may take the page past the box
+      {100, 50, {Resize(200, 200, 0, true)}, 200, 200},  // an equal pair stretches
+      {100, 50, {Resize(30, 70, 0, false)}, 30, 70},
+      {1000, 333, {Resize(50, 50, 1, false)}, 500, 166},                      // 166.5: halves round to even
+      {101, 67, {Resize(50, 50, 1, false)}, 50, 34},                          // 50.5 and 33.5
+      {100, 50, {Resize(40, 30, 0, false), Resize(1, 1, 5, false)}, 40, 30},  // unknown units: the last size
+      // A percent whose product overflows leaves that side at the last size.
+      {100, 50, {Resize(40, 30, 0, false), Resize(2000000000, 50, 1, false)}, 40, 15},
+      {40, 20, {Turn(90, 1)}, 20, 40},  // right angles ignore the direction
+      {40, 20, {Turn(45, 1)}, 40, 20},  // a free angle clockwise does nothing
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(&c - cases);
+    const testing::ImageFacts facts = Convert(c.width, c.height, c.chain);
+    EXPECT_EQ(facts.width, c.out_width);
+    EXPECT_EQ(facts.height, c.out_height);
+  }
+  // Counter-clockwise, a free angle turns twice, each turn growing the canvas: after 90 degrees
+  // in two steps the 40 x 20 page stands upright in a larger canvas.
+  const testing::ImageFacts facts = Convert(40, 20, {Turn(45, 0)});
+  EXPECT_GT(facts.width, 40u);
+  EXPECT_GT(facts.height, 50u);
 }
 
 TEST_F(Operations, NearestResizeCopiesPixelsExactly) {
   Block block = Resize(300, 300, 1, false);
   block.Method = 1;
-  const testing::ImageFacts facts = Convert(10, 10, {block}, 0x123456);
-  EXPECT_EQ(facts.width, 30u);
+  EXPECT_EQ(Convert(10, 10, {block}, 0x123456).width, 30u);
   EXPECT_EQ(PixelAt(result(), 29, 29), 0x123456);
 }
 
-TEST_F(Operations, RotateRightAnglesIgnoreDirectionFreeAnglesTurnTwice) {
-  Block rotate = NewBlock(kRotate);
-  rotate.Angle = 90;
-  rotate.Direction = 1;
-  testing::ImageFacts facts = Convert(40, 20, {rotate});
-  EXPECT_EQ(facts.width, 20u);
-  EXPECT_EQ(facts.height, 40u);
-
-  rotate.Angle = 45;
-  rotate.Direction = 1;  // a free angle clockwise does nothing
-  facts = Convert(40, 20, {rotate});
-  EXPECT_EQ(facts.width, 40u);
-  EXPECT_EQ(facts.height, 20u);
-
-  rotate.Direction = 0;  // two turns of 45 degrees, each growing the canvas
-  facts = Convert(40, 20, {rotate});
-  // After 90 degrees in two steps the 40 x 20 page stands upright inside a grown canvas.
-  EXPECT_GT(facts.width, 40u);
-  EXPECT_GT(facts.height, 50u);
-}
-
 TEST_F(Operations, MirrorAxisOneFlipsLeftRight) {
-  const std::string source = src.file("half.png");
-  FIBITMAP* dib = FreeImage_Allocate(4, 2, 24);
-  RGBQUAD red{0, 0, 255, 0}, blue{255, 0, 0, 0};
-  for (unsigned y = 0; y < 2; ++y)
-    for (unsigned x = 0; x < 4; ++x) FreeImage_SetPixelColor(dib, x, y, x < 2 ? &red : &blue);
-  FreeImage_Save(FIF_PNG, dib, source.c_str(), 0);
-  FreeImage_Unload(dib);
-  AppState state = MakeJob(out.slash());
-  state.output.OutputFormat = 3;
-  state.output.NameTemplate = "result.png";
+  ASSERT_TRUE(WriteSolidImage(src.file("mark.png"), 2, 2, 0xFF0000));
+  Block mark = NewBlock(kWatermark, 1);  // red on the left half
+  mark.WatermarkSource = src.file("mark.png");
   Block mirror = NewBlock(kMirror);
   mirror.MirrorAxis = 1;
-  state.blocks = Blocks({mirror});
-  RunJob(state, {source});
+  Convert(4, 2, {mark, mirror}, 0x0000FF);
   EXPECT_EQ(PixelAt(result(), 0, 0), 0x0000FF);
-  EXPECT_EQ(PixelAt(result(), 3, 0), 0xFF0000);
+  EXPECT_EQ(PixelAt(result(), 3, 1), 0xFF0000);
 }
 
-TEST_F(Operations, ImageWatermarkOffsetOnTheRightGoesOutward) {
-  ASSERT_TRUE(WriteSolidImage(src.file("mark.png"), 100, 10, 0xFF0000));
-  Block mark = NewBlock(kWatermark, 1);
-  mark.WatermarkSource = src.file("mark.png");
-  mark.HAlign = 1;
-  mark.HOffset = 10;
-  mark.VAlign = 0;
-  mark.VOffset = 5;
-  Convert(640, 40, {mark}, 0x0000FF);
-  EXPECT_EQ(PixelAt(result(), 549, 8), 0x0000FF);
-  EXPECT_EQ(PixelAt(result(), 550, 8), 0xFF0000);  // left = 640 - 100 + 10
-  EXPECT_EQ(PixelAt(result(), 639, 8), 0xFF0000);  // clipped at the edge
-  EXPECT_EQ(PixelAt(result(), 560, 4), 0x0000FF);  // top = 5
-  EXPECT_EQ(PixelAt(result(), 560, 15), 0x0000FF);
-}
-
-TEST_F(Operations, ImageWatermarkCentreRoundsTheDifferenceOnce) {
-  ASSERT_TRUE(WriteSolidImage(src.file("mark.png"), 3, 3, 0xFF0000));
-  Block mark = NewBlock(kWatermark, 1);
-  mark.WatermarkSource = src.file("mark.png");
-  mark.HAlign = 2;
-  mark.VAlign = 2;
-  Convert(10, 10, {mark}, 0x0000FF);
-  // round(5 - 1.5) = round(3.5) = 4: the mark covers columns and rows 4 to 6.
-  EXPECT_EQ(PixelAt(result(), 3, 5), 0x0000FF);
-  EXPECT_EQ(PixelAt(result(), 4, 4), 0xFF0000);
-  EXPECT_EQ(PixelAt(result(), 6, 6), 0xFF0000);
-  EXPECT_EQ(PixelAt(result(), 7, 5), 0x0000FF);
-}
-
-TEST_F(Operations, WhiteInTheWatermarkIsLeftOut) {
-  ASSERT_TRUE(WriteSolidImage(src.file("mark.png"), 5, 5, 0xFFFFFF));
-  Block mark = NewBlock(kWatermark, 1);
-  mark.WatermarkSource = src.file("mark.png");
-  Convert(10, 10, {mark}, 0x0000FF);
-  EXPECT_EQ(PixelAt(result(), 2, 2), 0x0000FF);
+// Where an image watermark lands on a blue page: an offset on the right moves it outward, the
+// centre rounds the difference once, and white in the mark is left out.
+TEST_F(Operations, ImageWatermarkPlacement) {
+  constexpr long B = 0x0000FF, R = 0xFF0000;
+  struct Case {
+    unsigned mark_rgb;
+    int mark_width, mark_height, page_width, page_height;
+    std::int16_t h_align, h_offset, v_align, v_offset;
+    std::vector<std::tuple<unsigned, unsigned, long>> pixels;
+  };
+  const Case cases[] = {
+      // left = 640 - 100 + 10, clipped at the edge; top = 5
+      {0xFF0000, 100, 10, 640, 40, 1, 10, 0, 5, {{549, 8, B}, {550, 8, R}, {639, 8, R}, {560, 4, B}, {560, 15, B}}},
+      // round(5 - 1.5) = round(3.5) = 4: the mark covers columns and rows 4 to 6
+      {0xFF0000, 3, 3, 10, 10, 2, 0, 2, 0, {{3, 5, B}, {4, 4, R}, {6, 6, R}, {7, 5, B}}},
+      {0xFFFFFF, 5, 5, 10, 10, 0, 0, 0, 0, {{2, 2, B}}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(&c - cases);
+    ASSERT_TRUE(WriteSolidImage(src.file("mark.png"), c.mark_width, c.mark_height, c.mark_rgb));
+    Block mark = NewBlock(kWatermark, 1);
+    mark.WatermarkSource = src.file("mark.png");
+    mark.HAlign = c.h_align;
+    mark.HOffset = c.h_offset;
+    mark.VAlign = c.v_align;
+    mark.VOffset = c.v_offset;
+    Convert(c.page_width, c.page_height, {mark}, B);
+    for (const auto& [x, y, rgb] : c.pixels) EXPECT_EQ(PixelAt(result(), x, y), rgb) << x << "," << y;
+  }
 }
 
 // The ink's horizontal extent in one row band: first and last columns that differ from white.
@@ -162,7 +134,7 @@ std::pair<int, int> InkColumns(const std::string& path, unsigned width, unsigned
   return {first, last};
 }
 
-TEST_F(Operations, TextWatermarkOnTheRightEndsAtTheOffsetFromTheEdge) {
+TEST_F(Operations, TextWatermarkOnTheRightEndsAtTheOffsetFromTheEdgeAndBlankTextDrawsNothing) {
   Block text = NewBlock(kWatermark, 0);
   text.WatermarkSource = "Velmora";
   text.WatermarkFont = "0|False|False|False|DejaVu Sans|14|True";
@@ -173,13 +145,9 @@ TEST_F(Operations, TextWatermarkOnTheRightEndsAtTheOffsetFromTheEdge) {
   ASSERT_GE(first, 0);
   EXPECT_LE(last, 150);  // right edge at 160 - 10
   EXPECT_GE(last, 146);
-}
-
-TEST_F(Operations, BlankTextDrawsNothing) {
-  Block text = NewBlock(kWatermark, 0);
   text.WatermarkSource = "    ";
-  Convert(60, 30, {text}, 0xFFFFFF);
-  EXPECT_EQ(InkColumns(result(), 60, 30).first, -1);
+  Convert(160, 40, {text}, 0xFFFFFF);
+  EXPECT_EQ(InkColumns(result(), 160, 40).first, -1);
 }
 
 TEST_F(Operations, EachSourceStartsTheChainFromTheFontStateBeforeIt) {
