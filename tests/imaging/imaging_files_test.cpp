@@ -1,53 +1,55 @@
-// Loading and page counting through ImagingLibrary: detection by content, icons with alpha,
-// multipage files page by page, and files that are missing, empty, garbage or cut short.
+// Files through ImagingLibrary: loading by content, page counts, damaged files, BMPs with newer
+// headers; saving every page kind in every format; appending pages to GIF and TIFF files.
 #include <gtest/gtest.h>
+
+#include <FreeImage.h>
 
 #include <array>
 #include <bit>
+#include <filesystem>
+#include <tuple>
 
 #include "imaging/imaging_library.h"
-#include "scripts/sample_images.h"
-#include "tests/imaging/imaging_test_pages.h"
+#include "tests/imaging/pages.h"
 #include "tests/support/test_support.h"
 
 namespace velmora::imaging {
 namespace {
 
-using testing_pages::FactsOf;
-using testing_pages::PixelAt;
+using namespace velmora::testing;
 
 class ImagingFiles : public ::testing::Test {
  protected:
-  testing::TempFolder folder;
+  TempFolder folder;
   ImagingLibrary library;
+  CallResult result = 0;
 
-  std::int32_t Count(const std::string& name, CallResult* result_out = nullptr) {
+  // The page count, checked against the result.
+  std::int32_t Count(const std::string& name) {
     std::int32_t count = -1;
-    CallResult result = 0;
+    result = 7;
     library.CountPages(folder.file(name), count, result);
     EXPECT_EQ(result != 0, count > 0) << name;
-    if (result_out) *result_out = result;
     return count;
   }
   std::vector<Handle> LoadAll(const std::string& name) {
     std::vector<Handle> pages = {99};
-    std::int32_t unused = 0;
-    CallResult result = 0;
-    library.LoadAllPages(folder.file(name), pages, unused, result);
+    std::int32_t count = -1;
+    library.LoadAllPages(folder.file(name), pages, count, result);
     EXPECT_EQ(result != 0, !pages.empty()) << name;
+    EXPECT_EQ(count, std::int32_t(pages.size())) << name;
     return pages;
   }
 };
 
 TEST_F(ImagingFiles, LoadReadsByContentAndIconsKeepTheirAlpha) {
-  ASSERT_TRUE(samples::WritePhotoJpeg(folder.file("photo.png"), 64, 48));  // a JPEG under a PNG name
+  LoadSample(library, folder.file("photo.jpg"), 64, 48);
+  std::filesystem::rename(folder.file("photo.jpg"), folder.file("photo.png"));  // a JPEG under a PNG name
   ASSERT_TRUE(samples::WriteIcon(folder.file("app.ico"), 32));
-  testing_pages::WriteSolid(folder.file("fake.ico"), 5, 3, {1, 2, 3, 255});  // a PNG under an icon name
+  LoadPattern(library, folder.file("fake.ico"), 5, 3, [](int, int) { return Rgba{1, 2, 3}; });  // a PNG as an icon
   Handle photo = 0, icon = 0, fake = 0;
-  CallResult result = 0;
   library.FreeImage_Load(folder.file("photo.png"), photo, -1, 0, result);
-  EXPECT_EQ(FactsOf(library, photo).bpp, 24u);
-  EXPECT_EQ(FactsOf(library, photo).width, 64u);
+  EXPECT_EQ(FactsOf(library, photo).bpp * 100 + FactsOf(library, photo).width, 2464u);
   library.FreeImage_Load(folder.file("app.ico"), icon, kFormatIco, 1, result);
   ASSERT_NE(result, 0);
   EXPECT_EQ(FactsOf(library, icon).bpp, 32u);
@@ -61,75 +63,68 @@ TEST_F(ImagingFiles, MissingEmptyAndGarbageFilesFailQuietly) {
   std::string garbage;
   for (int i = 0; i < 4000; ++i) garbage.push_back(static_cast<char>((i * 7919 + 13) % 251));
   std::vector<std::string> names = {"missing.jpg", ""};
-  for (const char* extension : {"jpg", "png", "gif", "tif", "bmp", "ico", "tga", "exr"}) {
-    testing::WriteWholeFile(folder.file(std::string("garbage.") + extension), garbage);
-    testing::WriteWholeFile(folder.file(std::string("empty.") + extension), "");
-    names.push_back(std::string("garbage.") + extension);
-    names.push_back(std::string("empty.") + extension);
+  for (const std::string extension : {"jpg", "png", "gif", "tif", "bmp", "ico", "tga", "exr"}) {
+    WriteWholeFile(folder.file("garbage." + extension), garbage);
+    WriteWholeFile(folder.file("empty." + extension), "");
+    names.insert(names.end(), {"garbage." + extension, "empty." + extension});
   }
   for (const std::string& name : names) {
     for (const int format : {-1, int{kFormatIco}, int{kFormatJpeg}}) {
       Handle page = 0;
-      CallResult result = 7;
       library.FreeImage_Load(folder.file(name), page, format, format == kFormatIco ? 1 : 0, result);
       EXPECT_EQ(result + page, 0) << name;
     }
-    CallResult result = 7;
-    EXPECT_EQ(Count(name, &result), 0) << name;
-    EXPECT_EQ(result, 0);
+    EXPECT_EQ(Count(name), 0) << name;
     EXPECT_TRUE(LoadAll(name).empty()) << name;
   }
   EXPECT_EQ(library.LiveImageCount(), 0u);
 }
 
+// Cuts inside an icon directory or an EXR header once made FreeImage hang or allocate gigabytes.
 TEST_F(ImagingFiles, FilesCutShortNeverHangAndGiveAtMostWhatIsThere) {
-  // Cuts inside an icon directory or an EXR header once made FreeImage hang or allocate gigabytes.
   ASSERT_TRUE(samples::WriteMultipageTiff(folder.file("full.tif"), 40, 30, 3));
   ASSERT_TRUE(samples::WriteAnimatedGif(folder.file("full.gif"), 40, 30, 3));
   ASSERT_TRUE(samples::WriteIcon(folder.file("full.ico"), 32));
   ASSERT_TRUE(samples::WriteFloatExr(folder.file("full.exr"), 40, 30));
   for (const std::string extension : {"tif", "gif", "ico", "exr"}) {
-    const std::string whole = testing::ReadWholeFile(folder.file("full." + extension));
+    const std::string whole = ReadWholeFile(folder.file("full." + extension));
     for (const std::size_t keep :
          {std::size_t{5}, std::size_t{12}, std::size_t{30}, std::size_t{60}, whole.size() / 2}) {
       const std::string name = "cut" + std::to_string(keep) + "." + extension;
-      testing::WriteWholeFile(folder.file(name), whole.substr(0, keep));
+      WriteWholeFile(folder.file(name), whole.substr(0, keep));
       EXPECT_LE(Count(name), 3) << name;
       EXPECT_LE(LoadAll(name).size(), 3u) << name;
     }
   }
 }
 
-TEST_F(ImagingFiles, SingleImageFilesCountOneAndLoadAsOnePage) {
-  ASSERT_TRUE(samples::WritePhotoJpeg(folder.file("a.jpg"), 20, 10));
-  ASSERT_TRUE(samples::WritePaletteBmp(folder.file("a.bmp"), 20, 10));
-  ASSERT_TRUE(samples::WriteFloatExr(folder.file("a.exr"), 20, 10));
-  ASSERT_TRUE(samples::WriteIcon(folder.file("a.ico"), 16));
-  ASSERT_TRUE(samples::WriteMultipageTiff(folder.file("a.tif"), 20, 10, 1));
-  ASSERT_TRUE(samples::WriteAnimatedGif(folder.file("a.gif"), 20, 10, 1));
-  for (const char* name : {"a.jpg", "a.bmp", "a.exr", "a.ico", "a.tif", "a.gif"}) {
-    EXPECT_EQ(Count(name), 1) << name;
-    EXPECT_EQ(LoadAll(name).size(), 1u) << name;
-  }
-}
-
-TEST_F(ImagingFiles, MultipageFilesLoadEveryPageAndGifFramesAsShown) {
+TEST_F(ImagingFiles, FilesCountAndLoadEveryPageAndGifFramesAsShown) {
   ASSERT_TRUE(samples::WriteMultipageTiff(folder.file("scan.tif"), 24, 32, 3));
   ASSERT_TRUE(samples::WriteAnimatedGif(folder.file("spin.gif"), 30, 20, 4));
-  EXPECT_EQ(Count("scan.tif"), 3);
-  EXPECT_EQ(Count("spin.gif"), 4);
+  ASSERT_TRUE(samples::WriteMultipageTiff(folder.file("one.tif"), 20, 10, 1));
+  ASSERT_TRUE(samples::WriteAnimatedGif(folder.file("one.gif"), 20, 10, 1));
+  ASSERT_TRUE(samples::WriteIcon(folder.file("a.ico"), 16));
+  for (const char* name : {"a.jpg", "a.bmp", "a.exr"}) LoadSample(library, folder.file(name), 20, 10);
+  for (const auto& [name, pages] : {std::pair{"scan.tif", 3},
+                                    {"spin.gif", 4},
+                                    {"one.tif", 1},
+                                    {"one.gif", 1},
+                                    {"a.ico", 1},
+                                    {"a.jpg", 1},
+                                    {"a.bmp", 1},
+                                    {"a.exr", 1}}) {
+    EXPECT_EQ(Count(name), pages) << name;
+    EXPECT_EQ(LoadAll(name).size(), std::size_t(pages)) << name;
+  }
   const auto scan = LoadAll("scan.tif"), spin = LoadAll("spin.gif");
-  ASSERT_EQ(scan.size(), 3u);
-  ASSERT_EQ(spin.size(), 4u);
   for (const Handle page : scan) EXPECT_EQ(FactsOf(library, page).height, 32u);
   for (const Handle page : spin) EXPECT_EQ(FactsOf(library, page).width, 30u);
   // Each frame is tinted differently by the generator, and composed frames are opaque.
   EXPECT_NE(PixelAt(library, spin[0], 0, 0), PixelAt(library, spin[1], 0, 0));
   EXPECT_EQ(PixelAt(library, spin[2], 0, 0).a, 255);
-  EXPECT_EQ(library.LiveImageCount(), 7u);
 }
 
-// A BMP with a newer info header (108 bytes for V4, 124 for V5), of 5 by 3 pixels coloured by
+// A BMP with a newer info header (108 bytes for V4, 124 for V5), 5 by 3 pixels coloured by
 // BmpColour; `masks` are red, green, blue and alpha.
 struct NewBmp {
   const char* name;
@@ -137,70 +132,52 @@ struct NewBmp {
   std::uint16_t bits;
   std::uint32_t compression;
   std::array<std::uint32_t, 4> masks;
-  bool top_down;
-  bool alpha_kept;
+  bool top_down, alpha_kept;
 };
 
-constexpr int kBmpWidth = 5, kBmpHeight = 3;
-
-testing_pages::Rgba BmpColour(int x, int y) {
-  return {static_cast<std::uint8_t>(x * 60), static_cast<std::uint8_t>(y * 90), 200,
-          static_cast<std::uint8_t>(40 + x * 50)};
+Rgba BmpColour(int x, int y) {
+  return {x * 60, y * 90, 200, 40 + x * 50};
 }
 
 std::string NewBmpBytes(const NewBmp& bmp) {
-  std::string out;
-  auto put = [&out](std::uint32_t value, int bytes) {
+  auto put = [](std::string& out, std::uint32_t value, int bytes) {
     for (int i = 0; i < bytes; ++i) out.push_back(static_cast<char>((value >> (8 * i)) & 0xFF));
   };
-  auto place = [](std::uint8_t channel, std::uint32_t mask) {
-    if (!mask) return 0u;
-    const int shift = std::countr_zero(mask), bits = std::popcount(mask);
-    return (static_cast<std::uint32_t>(channel) >> (8 - bits)) << shift;
+  // Pixels without masks are packed as blue, green, red (and alpha) bytes.
+  const std::array<std::uint32_t, 4> packing =
+      bmp.compression ? bmp.masks : std::array<std::uint32_t, 4>{0xFF0000, 0xFF00, 0xFF, 0xFF000000};
+  auto place = [](int channel, std::uint32_t mask) {
+    return mask ? (std::uint32_t(channel) >> (8 - std::popcount(mask))) << std::countr_zero(mask) : 0u;
   };
   std::string pixels, table;
-  for (int row = 0; row < kBmpHeight; ++row) {
-    const int y = bmp.top_down ? row : kBmpHeight - 1 - row;
+  for (int row = 0; row < 3; ++row) {
+    const int y = bmp.top_down ? row : 2 - row;
     std::string line;
-    for (int x = 0; x < kBmpWidth; ++x) {
-      const testing_pages::Rgba c = BmpColour(x, y);
-      std::uint32_t value = 0;
-      if (bmp.bits == 8) value = y * kBmpWidth + x;
-      if (bmp.bits == 24) value = c.b | (c.g << 8) | (c.r << 16);
-      if (bmp.bits >= 16 && bmp.compression != 0)
-        value =
-            place(c.r, bmp.masks[0]) | place(c.g, bmp.masks[1]) | place(c.b, bmp.masks[2]) | place(c.a, bmp.masks[3]);
-      if (bmp.bits == 32 && bmp.compression == 0) value = c.b | (c.g << 8) | (c.r << 16) | (c.a << 24);
-      for (int i = 0; i < bmp.bits / 8; ++i) line.push_back(static_cast<char>((value >> (8 * i)) & 0xFF));
+    for (int x = 0; x < 5; ++x) {
+      const Rgba c = BmpColour(x, y);
+      const std::uint32_t value = bmp.bits == 8 ? y * 5 + x
+                                                : place(c.r, packing[0]) | place(c.g, packing[1]) |
+                                                      place(c.b, packing[2]) | place(c.a, packing[3]);
+      put(line, value, bmp.bits / 8);
     }
     line.resize((line.size() + 3) / 4 * 4, '\0');
     pixels += line;
   }
-  const int colours_used = bmp.bits == 8 ? kBmpWidth * kBmpHeight : 0;  // a short colour table
-  if (bmp.bits == 8) {
-    for (int i = 0; i < colours_used; ++i) {
-      const testing_pages::Rgba c = BmpColour(i % kBmpWidth, i / kBmpWidth);
-      table += {static_cast<char>(c.b), static_cast<char>(c.g), static_cast<char>(c.r), 0};
-    }
+  const int colours = bmp.bits == 8 ? 15 : 0;  // a short colour table
+  for (int i = 0; i < colours; ++i) {
+    const Rgba c = BmpColour(i % 5, i / 5);
+    put(table, c.b | c.g << 8 | c.r << 16, 4);
   }
-  const std::uint32_t offset = 14 + bmp.header_size + static_cast<std::uint32_t>(table.size());
-  out += "BM";
-  put(offset + static_cast<std::uint32_t>(pixels.size()), 4);
-  put(0, 4);
-  put(offset, 4);
-  put(bmp.header_size, 4);
-  put(kBmpWidth, 4);
-  put(static_cast<std::uint32_t>(bmp.top_down ? -kBmpHeight : kBmpHeight), 4);
-  put(1, 2);
-  put(bmp.bits, 2);
-  put(bmp.compression, 4);
-  put(static_cast<std::uint32_t>(pixels.size()), 4);
-  put(2835, 4);
-  put(2835, 4);
-  put(static_cast<std::uint32_t>(colours_used), 4);
-  put(0, 4);
-  for (std::uint32_t mask : bmp.masks) put(mask, 4);
-  put(0x73524742, 4);  // "sRGB"
+  std::string out = "BM";
+  const std::uint32_t offset = 14 + bmp.header_size + std::uint32_t(table.size());
+  for (const std::uint32_t value :
+       {offset + std::uint32_t(pixels.size()), 0u, offset, bmp.header_size, 5u, bmp.top_down ? std::uint32_t(-3) : 3u})
+    put(out, value, 4);
+  put(out, 1, 2);
+  put(out, bmp.bits, 2);
+  for (const std::uint32_t value : {bmp.compression, std::uint32_t(pixels.size()), 2835u, 2835u, std::uint32_t(colours),
+                                    0u, bmp.masks[0], bmp.masks[1], bmp.masks[2], bmp.masks[3], 0x73524742u})  // "sRGB"
+    put(out, value, 4);
   out.resize(14 + bmp.header_size, '\0');
   return out + table + pixels;
 }
@@ -218,25 +195,179 @@ TEST_F(ImagingFiles, BmpFilesWithNewerHeadersRead) {
   };
   for (const NewBmp& bmp : cases) {
     SCOPED_TRACE(bmp.name);
-    testing::WriteWholeFile(folder.file("new.bmp"), NewBmpBytes(bmp));
-    Handle page = 0;
-    CallResult result = 0;
-    library.FreeImage_Load(folder.file("new.bmp"), page, -1, 0, result);
-    ASSERT_NE(result, 0);
-    EXPECT_EQ(FactsOf(library, page).width, unsigned(kBmpWidth));
-    EXPECT_EQ(FactsOf(library, page).height, unsigned(kBmpHeight));
-    EXPECT_EQ(FactsOf(library, page).bpp, bmp.bits);
+    WriteWholeFile(folder.file("new.bmp"), NewBmpBytes(bmp));
+    const Handle page = LoadPage(library, folder.file("new.bmp"));
+    EXPECT_EQ(std::tuple(FactsOf(library, page).width, FactsOf(library, page).height, FactsOf(library, page).bpp),
+              std::tuple(5u, 3u, unsigned(bmp.bits)));
     const int tolerance = bmp.bits == 16 ? 8 : 0;  // five or six bits a channel
-    for (const auto& [x, y] : {std::pair{0, 0}, std::pair{4, 0}, std::pair{1, 2}, std::pair{3, 1}}) {
-      const testing_pages::Rgba want = BmpColour(x, y), got = PixelAt(library, page, x, y);
-      EXPECT_NEAR(got.r, want.r, tolerance) << x << "," << y;
-      EXPECT_NEAR(got.g, want.g, tolerance) << x << "," << y;
-      EXPECT_NEAR(got.b, want.b, tolerance) << x << "," << y;
-      EXPECT_EQ(got.a, bmp.alpha_kept ? want.a : 255) << x << "," << y;
+    for (const auto& [x, y] : {std::pair{0, 0}, {4, 0}, {1, 2}, {3, 1}}) {
+      const Rgba want = BmpColour(x, y), got = PixelAt(library, page, x, y);
+      EXPECT_TRUE(std::abs(got.r - want.r) <= tolerance && std::abs(got.g - want.g) <= tolerance &&
+                  std::abs(got.b - want.b) <= tolerance && got.a == (bmp.alpha_kept ? want.a : 255))
+          << x << "," << y << ": " << got << " for " << want;
     }
     EXPECT_EQ(Count("new.bmp"), 1);
     library.Release(page);
   }
+}
+
+// What each format holds after a save from a page of `bpp` bits (48 is RGB16, 96 RGBF): the
+// page's own depth where the format takes it, else the nearest, and the pixel type.
+std::pair<unsigned, int> Nearest(int format, unsigned bpp) {
+  const bool deep = bpp == 48, floating = bpp == 96;
+  switch (format) {
+    case kFormatBmp: return {deep || floating ? 24u : bpp, FIT_BITMAP};
+    case kFormatJpeg: return {bpp <= 8 ? 8u : 24u, FIT_BITMAP};  // grey pages stay grey
+    case kFormatGif: return {8, FIT_BITMAP};                     // read back as 256-colour pages
+    case kFormatPng: return deep ? std::pair{48u, FIT_RGB16} : std::pair{floating || bpp == 16 ? 24u : bpp, FIT_BITMAP};
+    case kFormatTga: return {bpp < 8 ? 8u : deep || floating ? 24u : bpp, FIT_BITMAP};
+    case kFormatTiff:
+      return deep       ? std::pair{48u, FIT_RGB16}
+             : floating ? std::pair{96u, FIT_RGBF}
+                        : std::pair{bpp == 16 ? 24u : bpp, FIT_BITMAP};
+    default: return bpp == 32 ? std::pair{128u, FIT_RGBAF} : std::pair{96u, FIT_RGBF};  // EXR: RGBA with alpha
+  }
+}
+
+// The split save (encoding in memory, then writing) gives the same bytes as the plain one, and
+// the caller's page never changes.
+TEST_F(ImagingFiles, EveryFormatFromEveryPageKindWritesTheNearestDepth) {
+  constexpr std::pair<int, FREE_IMAGE_FORMAT> kFormats[] = {
+      {kFormatBmp, FIF_BMP},   {kFormatJpeg, FIF_JPEG}, {kFormatGif, FIF_GIF}, {kFormatPng, FIF_PNG},
+      {kFormatTga, FIF_TARGA}, {kFormatTiff, FIF_TIFF}, {kFormatExr, FIF_EXR},
+  };
+  const Handle photo = LoadSample(library, folder.file("page.jpg"), 37, 23);
+  std::vector<Handle> pages = {photo,
+                               LoadSample(library, folder.file("alpha.png"), 37, 23),
+                               LoadSample(library, folder.file("deep.png"), 37, 23),
+                               LoadSample(library, folder.file("page.exr"), 37, 23),
+                               0,
+                               0,
+                               0,
+                               0};
+  library.ConvertToMono(photo, pages[4], 2, 128, result);
+  library.ConvertToIndexed4(photo, pages[5], 4, result);
+  library.ConvertToIndexed8(photo, pages[6], 4, result);
+  library.ConvertTo16Bits(photo, pages[7], true, result);
+  for (const Handle page : pages) {
+    const unsigned bpp = FactsOf(library, page).bpp;
+    for (const auto& [format, read_back] : kFormats) {
+      SCOPED_TRACE(::testing::Message() << bpp << " bits to format " << format);
+      const std::string path = folder.file(std::to_string(bpp) + "-" + std::to_string(format));
+      library.FreeImage_Save(page, path, format, 0, -1, result);
+      EXPECT_NE(result, 0);
+      const ImageFacts facts = ReadImageFacts(path);
+      EXPECT_EQ(std::tuple(facts.format, facts.width, facts.height), std::tuple(int(read_back), 37u, 23u));
+      EXPECT_EQ(std::pair(facts.bpp, facts.image_type), Nearest(format, bpp));
+      EncodedImage encoded;
+      library.EncodeImage(page, format, 0, encoded, result);
+      EXPECT_TRUE(std::string(encoded.bytes.begin(), encoded.bytes.end()) == ReadWholeFile(path));
+      EXPECT_EQ(FactsOf(library, page).bpp, bpp);
+    }
+  }
+}
+
+TEST_F(ImagingFiles, FlagsReachTheEncoderAndTheNumberDecidesTheFormat) {
+  const Handle page = LoadSample(library, folder.file("alpha.png"), 37, 23);
+  library.FreeImage_Save(page, folder.file("low.jpg"), kFormatJpeg, 5, -1, result);
+  library.FreeImage_Save(page, folder.file("high.jpg"), kFormatJpeg, 100, -1, result);
+  EXPECT_LT(std::filesystem::file_size(folder.file("low.jpg")) * 3 / 2,
+            std::filesystem::file_size(folder.file("high.jpg")));
+  // CMYK with LZW, and a fax compression that a colour page cannot take: a file all the same.
+  for (const int flags : {0x4001, 0x2000, 0x0800 | 0x0100}) {
+    const std::string path = folder.file("flags" + std::to_string(flags) + ".tif");
+    library.FreeImage_Save(page, path, kFormatTiff, flags, -1, result);
+    EXPECT_NE(result, 0) << flags;
+    EXPECT_TRUE(ReadImageFacts(path).readable) << flags;
+  }
+  library.FreeImage_Save(page, folder.file("preview.dat"), kFormatPng, 0, -1, result);
+  EXPECT_EQ(ReadImageFacts(folder.file("preview.dat")).format, FIF_PNG);
+  library.FreeImage_Save(page, folder.file("x.png"), 999, 0, -1, result);
+  EXPECT_EQ(result, 0);
+  library.FreeImage_Save(page, folder.file("no/such/folder/x.png"), kFormatPng, 0, -1, result);
+  EXPECT_EQ(result, 0);
+  EXPECT_FALSE(std::filesystem::exists(folder.file("x.png")));
+}
+
+// Width and depth of each page of a multipage file as stored, read directly with FreeImage.
+std::vector<std::pair<unsigned, unsigned>> StoredPages(const std::string& path) {
+  std::vector<std::pair<unsigned, unsigned>> pages;
+  FIMULTIBITMAP* multi =
+      FreeImage_OpenMultiBitmap(FreeImage_GetFileType(path.c_str(), 0), path.c_str(), FALSE, TRUE, TRUE, 0);
+  for (int i = 0; multi && i < FreeImage_GetPageCount(multi); ++i) {
+    FIBITMAP* page = FreeImage_LockPage(multi, i);
+    pages.emplace_back(FreeImage_GetWidth(page), FreeImage_GetBPP(page));
+    FreeImage_UnlockPage(multi, page, FALSE);
+  }
+  if (multi) FreeImage_CloseMultiBitmap(multi, 0);
+  return pages;
+}
+
+class ImagingAppend : public ImagingFiles {
+ protected:
+  // A 24-bit photo page `width` pixels wide: pages are told apart by their widths.
+  Handle Photo(ImagingLibrary& to, int width) {
+    return LoadSample(to, folder.file(std::to_string(width) + ".jpg"), width, 20);
+  }
+  CallResult Append(ImagingLibrary& to, const std::string& name, Handle page, int flags = 0) {
+    to.AppendPageToFile(folder.file(name), page, -1, flags, -1, result);
+    return result;
+  }
+  std::size_t Stored(const std::string& name) { return StoredPages(folder.file(name)).size(); }
+};
+
+TEST_F(ImagingAppend, GifAndTiffGetEveryPageInOrderAtTheDepthTheyTake) {
+  const Handle pages[] = {Photo(library, 30), Photo(library, 40), Photo(library, 50)};
+  for (const char* name : {"anim.gif", "scan.tif"}) {
+    for (const Handle page : pages) EXPECT_NE(Append(library, name, page), 0) << name;
+    library.FlushAppendedPages();
+  }
+  using Widths = std::vector<std::pair<unsigned, unsigned>>;
+  EXPECT_EQ(StoredPages(folder.file("anim.gif")), (Widths{{30, 8}, {40, 8}, {50, 8}}));
+  EXPECT_EQ(StoredPages(folder.file("scan.tif")), (Widths{{30, 24}, {40, 24}, {50, 24}}));
+  for (const Handle page : pages) EXPECT_EQ(FactsOf(library, page).bpp, 24u);
+  // Pages of other depths go into a TIFF as they are; a single-page format takes no appends.
+  Handle mono = 0;
+  library.ConvertToMono(pages[0], mono, 2, 128, result);
+  const Handle deep = LoadSample(library, folder.file("deep.png"), 35, 10);
+  for (const Handle page : {mono, deep}) EXPECT_NE(Append(library, "mixed.tif", page, 0x4000), 0);
+  EXPECT_EQ(Append(library, "single.jpg", mono), 0);
+  library.FlushAppendedPages();
+  EXPECT_EQ(StoredPages(folder.file("mixed.tif")), (Widths{{30, 1}, {35, 48}}));
+  EXPECT_FALSE(std::filesystem::exists(folder.file("single.jpg")));
+  // All at once, passing over unknown pages, and failing when none is known.
+  library.WriteMultipageFile(folder.file("once.tif"), {pages[2], 4242, deep}, 0, result);
+  EXPECT_NE(result, 0);
+  EXPECT_EQ(StoredPages(folder.file("once.tif")), (Widths{{50, 24}, {35, 48}}));
+  library.WriteMultipageFile(folder.file("none.tif"), {4242}, 0, result);
+  EXPECT_EQ(result, 0);
+}
+
+TEST_F(ImagingAppend, TheFileIsWrittenWhenTheRunMovesOnAtAFlushAtAPlainSaveOrWhenTheObjectGoes) {
+  {
+    ImagingLibrary run;
+    const Handle first = Photo(run, 30), second = Photo(run, 40);
+    EXPECT_NE(Append(run, "a.tif", first) * Append(run, "a.tif", second), 0);
+    run.Release(first);  // the open file keeps copies of its pages
+    run.Release(second);
+    EXPECT_FALSE(std::filesystem::exists(folder.file("a.tif")));
+    EXPECT_NE(Append(run, "b.tif", Photo(run, 50)), 0);
+    EXPECT_EQ(Stored("a.tif"), 2u);
+    EXPECT_FALSE(std::filesystem::exists(folder.file("b.tif")));
+  }
+  EXPECT_EQ(Stored("b.tif"), 1u);
+  // A new round for a path starts a fresh file; a plain save to it wins over the open one.
+  const Handle page = Photo(library, 30);
+  for (int round = 1; round <= 2; ++round) {
+    for (int i = 0; i < 3 - round; ++i) EXPECT_NE(Append(library, "again.gif", page), 0);
+    library.FlushAppendedPages();
+    EXPECT_EQ(Stored("again.gif"), std::size_t(3 - round));
+  }
+  EXPECT_NE(Append(library, "again.gif", page) * Append(library, "again.gif", page), 0);
+  library.FreeImage_Save(page, folder.file("again.gif"), kFormatGif, 0, -1, result);
+  EXPECT_NE(result, 0);
+  library.FlushAppendedPages();
+  EXPECT_EQ(Stored("again.gif"), 1u);
 }
 
 }  // namespace

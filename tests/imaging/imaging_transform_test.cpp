@@ -1,59 +1,132 @@
-// Transforms on the page behind an in/out handle: nearest-neighbour rescaling copies pixels
-// exactly, rotation sizes and direction, flips, and adjustments that refuse some depths.
+// Depth conversions and transforms on the page behind a handle: each conversion delivers the
+// depth it names from any page type, 16-bit layouts, the mono threshold, float pages kept or tone
+// mapped; nearest-neighbour rescaling copies pixels exactly; rotation, flips and adjustments.
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <tuple>
+
 #include "imaging/imaging_library.h"
-#include "scripts/sample_images.h"
-#include "tests/imaging/imaging_test_pages.h"
+#include "tests/imaging/pages.h"
 #include "tests/support/test_support.h"
 
 namespace velmora::imaging {
 namespace {
 
-using testing_pages::FactsOf;
-using testing_pages::PixelAt;
-using testing_pages::Rgba;
+using namespace velmora::testing;
 
 // A distinct colour for every pixel of a small page.
 Rgba Distinct(int x, int y) {
-  return {static_cast<std::uint8_t>(40 * x + 10), static_cast<std::uint8_t>(50 * y + 5),
-          static_cast<std::uint8_t>(7 * x + 11 * y), 255};
+  return {40 * x + 10, 50 * y + 5, 7 * x + 11 * y};
 }
 
-class ImagingTransform : public ::testing::Test {
+class ImagingPages : public ::testing::Test {
  protected:
-  testing::TempFolder folder;
+  TempFolder folder;
   ImagingLibrary library;
   CallResult result = 0;
 
-  Handle Pattern(int width, int height) {
-    return testing_pages::LoadPage(library, testing_pages::WritePattern(folder.file("p.png"), width, height, Distinct));
-  }
-  Handle Photo(int width, int height) {
-    EXPECT_TRUE(samples::WritePhotoJpeg(folder.file("photo.jpg"), width, height));
-    return testing_pages::LoadPage(library, folder.file("photo.jpg"));
+  Handle Pattern(int width, int height) { return LoadPattern(library, folder.file("p.png"), width, height, Distinct); }
+  Handle Sample(const std::string& name, int width, int height) {
+    return LoadSample(library, folder.file(name), width, height);
   }
 };
 
-TEST_F(ImagingTransform, NearestCopiesThePixelUnderEachCentre) {
-  Handle up = Pattern(3, 2);
-  library.FreeImage_Rescale(up, 6, 4, 2, result);
-  ASSERT_NE(result, 0);
-  for (int y = 0; y < 4; ++y)
-    for (int x = 0; x < 6; ++x) EXPECT_EQ(PixelAt(library, up, x, y), Distinct(x / 2, y / 2)) << x << "," << y;
-  Handle down = Pattern(4, 4);
-  library.FreeImage_Rescale(down, 2, 2, 2, result);
-  ASSERT_NE(result, 0);
-  for (const auto& [x, y] : {std::pair{0, 0}, {1, 0}, {0, 1}, {1, 1}})
-    EXPECT_EQ(PixelAt(library, down, x, y), Distinct(2 * x + 1, 2 * y + 1));
+TEST_F(ImagingPages, EveryConversionDeliversItsDepthFromEveryPageType) {
+  using Convert = std::function<void(ImagingLibrary&, Handle, Handle&, CallResult&)>;
+  const std::pair<unsigned, Convert> conversions[] = {
+      {32, [](auto& l, Handle h, Handle& o, CallResult& r) { l.FreeImage_ConvertTo32Bits(h, o, r); }},
+      {24, [](auto& l, Handle h, Handle& o, CallResult& r) { l.FreeImage_ConvertTo24Bits(h, o, r); }},
+      {16, [](auto& l, Handle h, Handle& o, CallResult& r) { l.ConvertTo16Bits(h, o, false, r); }},
+      {16, [](auto& l, Handle h, Handle& o, CallResult& r) { l.ConvertTo16Bits(h, o, true, r); }},
+      {8, [](auto& l, Handle h, Handle& o, CallResult& r) { l.ConvertToIndexed8(h, o, 4, r); }},
+      {4, [](auto& l, Handle h, Handle& o, CallResult& r) { l.ConvertToIndexed4(h, o, 4, r); }},
+      {1, [](auto& l, Handle h, Handle& o, CallResult& r) { l.ConvertToMono(h, o, 2, 128, r); }},
+  };
+  std::vector<Handle> sources;
+  for (const char* name : {"photo.jpg", "alpha.png", "deep.png", "sky.exr", "poster.bmp"})
+    sources.push_back(Sample(name, 21, 13));
+  library.FreeImage_Save(sources[1], folder.file("alpha.exr"), kFormatExr, 0, -1, result);  // a float RGBA page
+  sources.push_back(LoadPage(library, folder.file("alpha.exr")));
+  for (const Handle source : sources) {
+    const unsigned bpp = FactsOf(library, source).bpp;
+    for (const auto& [want, convert] : conversions) {
+      Handle out = 0;
+      convert(library, source, out, result);
+      EXPECT_NE(result, 0) << bpp << " to " << want;
+      EXPECT_EQ(FactsOf(library, out).bpp, want) << bpp;
+      EXPECT_EQ(FactsOf(library, out).width * FactsOf(library, out).height, 21u * 13u);
+      EXPECT_EQ(FactsOf(library, source).bpp, bpp);
+    }
+  }
 }
 
-TEST_F(ImagingTransform, NearestKeepsTheDepthAndBitsOfLowAndDeepPages) {
+TEST_F(ImagingPages, SixteenBitLayoutsAndTheMonoThreshold) {
+  const auto halves = [](int x, int) { return x < 5 ? Rgba{100, 100, 100} : Rgba{200, 200, 200}; };
+  for (const bool as565 : {false, true}) {
+    Handle page = LoadPattern(library, folder.file("halves.png"), 10, 4, halves);
+    library.ConvertTo16Bits(page, page, as565, result);
+    library.FreeImage_Save(page, folder.file("16.bmp"), kFormatBmp, 0, -1, result);
+    Page back(FreeImage_Load(FIF_BMP, folder.file("16.bmp").c_str(), 0));
+    ASSERT_TRUE(back);
+    EXPECT_EQ(FreeImage_GetGreenMask(back.get()), as565 ? FI16_565_GREEN_MASK : FI16_555_GREEN_MASK);
+    // TGA knows only 5:5:5: a 5:6:5 page is written in that layout with its colours.
+    library.FreeImage_Save(page, folder.file("16.tga"), kFormatTga, 0, -1, result);
+    Handle tga = LoadPage(library, folder.file("16.tga"));
+    EXPECT_EQ(FactsOf(library, tga).bpp, 16u);
+    EXPECT_NEAR(PixelAt(library, tga, 7, 1).r, 200, 8);
+    EXPECT_NEAR(PixelAt(library, tga, 7, 1).g, 200, 8);
+  }
+  // Grey 100 and 200 against thresholds; those outside 0..255 are brought inside.
+  for (const auto& [threshold, left, right] : {std::tuple{128, 0, 255}, {300, 0, 0}, {-5, 255, 255}}) {
+    Handle page = LoadPattern(library, folder.file("halves.png"), 10, 4, halves);
+    library.ConvertToMono(page, page, 2, threshold, result);
+    EXPECT_EQ(PixelAt(library, page, 2, 1), (Rgba{left, left, left})) << threshold;
+    EXPECT_EQ(PixelAt(library, page, 7, 1), (Rgba{right, right, right})) << threshold;
+  }
+}
+
+TEST_F(ImagingPages, FloatPagesWithinOneKeepTheirValuesBrighterOnesAreToneMapped) {
+  const auto ramp = [](int x, int y) { return Rgba{x * 25, y * 60, 77}; };
+  library.FreeImage_Save(LoadPattern(library, folder.file("ramp.png"), 10, 5, ramp), folder.file("ramp.exr"),
+                         kFormatExr, 0, -1, result);
+  Handle floating = LoadPage(library, folder.file("ramp.exr"));
+  ASSERT_EQ(FactsOf(library, floating).bpp, 96u);
+  library.FreeImage_ConvertTo24Bits(floating, floating, result);
+  for (const auto& [x, y] : {std::pair{0, 0}, {9, 4}, {4, 2}, {7, 1}})
+    EXPECT_EQ(PixelAt(library, floating, x, y), ramp(x, y)) << x << "," << y;
+  // The sample sky's red runs from 0 on the left to 2.0 on the right: a straight clip would
+  // saturate from the middle on.
+  Handle sky = Sample("sky.exr", 40, 10);
+  library.FreeImage_ConvertTo24Bits(sky, sky, result);
+  ASSERT_NE(result, 0);
+  const int left = PixelAt(library, sky, 0, 5).r, middle = PixelAt(library, sky, 20, 5).r,
+            right = PixelAt(library, sky, 39, 5).r;
+  EXPECT_TRUE(left < middle && middle < right && middle < 255) << left << " " << middle << " " << right;
+  // Alpha goes past the tone mapper as it was.
+  Page bright(FreeImage_AllocateT(FIT_RGBAF, 4, 1));
+  auto* pixel = reinterpret_cast<FIRGBAF*>(FreeImage_GetScanLine(bright.get(), 0));
+  for (int x = 0; x < 4; ++x) pixel[x] = {2.0f * x, 1.0f, 0.5f, x / 3.0f};
+  ASSERT_TRUE(FreeImage_Save(FIF_EXR, bright.get(), folder.file("bright.exr").c_str(), 0));
+  Handle lit = LoadPage(library, folder.file("bright.exr"));
+  library.FreeImage_ConvertTo32Bits(lit, lit, result);
+  for (int x = 0; x < 4; ++x) EXPECT_EQ(PixelAt(library, lit, x, 0).a, 85 * x);
+}
+
+TEST_F(ImagingPages, NearestCopiesThePixelUnderEachCentreAtAnyDepth) {
+  Handle up = Pattern(3, 2), down = Pattern(4, 4);
+  library.FreeImage_Rescale(up, 6, 4, 2, result);
+  library.FreeImage_Rescale(down, 2, 2, 2, result);
+  for (int y = 0; y < 4; ++y)
+    for (int x = 0; x < 6; ++x) EXPECT_EQ(PixelAt(library, up, x, y), Distinct(x / 2, y / 2)) << x << "," << y;
+  for (const auto& [x, y] : {std::pair{0, 0}, {1, 0}, {0, 1}, {1, 1}})
+    EXPECT_EQ(PixelAt(library, down, x, y), Distinct(2 * x + 1, 2 * y + 1));
+  // 1- and 4-bit pages keep their depth and bits, 48-bit pages their depth.
   const bool stripes[] = {false, true, true, false, true, false, false, true, true};
-  Handle mono =
-      testing_pages::LoadPage(library, testing_pages::WritePattern(folder.file("s.png"), 9, 1, [&](int x, int) {
-                                return stripes[x] ? Rgba{255, 255, 255, 255} : Rgba{0, 0, 0, 255};
-                              }));
+  Handle mono = LoadPattern(library, folder.file("s.png"), 9, 1, [&](int x, int) {
+    const int v = stripes[x] * 255;
+    return Rgba{v, v, v};
+  });
   Handle four = 0;
   library.ConvertToMono(mono, mono, 2, 128, result);
   library.ConvertToIndexed4(mono, four, 4, result);
@@ -64,14 +137,13 @@ TEST_F(ImagingTransform, NearestKeepsTheDepthAndBitsOfLowAndDeepPages) {
     EXPECT_EQ(FactsOf(library, resized).bpp, bpp);
     for (int x = 0; x < 18; ++x) EXPECT_EQ(PixelAt(library, resized, x, 1).r, stripes[x / 2] ? 255 : 0) << x;
   }
-  ASSERT_TRUE(samples::WriteDeepPng(folder.file("deep.png"), 10, 10));
-  Handle deep = testing_pages::LoadPage(library, folder.file("deep.png"));
+  Handle deep = Sample("deep.png", 10, 10);
   library.FreeImage_Rescale(deep, 5, 20, 2, result);
   EXPECT_EQ(FactsOf(library, deep).bpp, 48u);
 }
 
-TEST_F(ImagingTransform, BilinearResizesAndBadRequestsLeaveThePage) {
-  Handle page = Photo(40, 30);
+TEST_F(ImagingPages, BilinearResizesAndBadRequestsLeaveThePage) {
+  Handle page = Sample("photo.jpg", 40, 30);
   library.FreeImage_Rescale(page, 17, 61, 1, result);
   ASSERT_NE(result, 0);
   EXPECT_EQ(FactsOf(library, page).width * 100 + FactsOf(library, page).height, 1761u);
@@ -82,44 +154,42 @@ TEST_F(ImagingTransform, BilinearResizesAndBadRequestsLeaveThePage) {
   }
 }
 
-TEST_F(ImagingTransform, RotationTurnsCounterClockwiseAndGrowsTheCanvasForFreeAngles) {
+TEST_F(ImagingPages, RotationTurnsCounterClockwiseAndWidensDepthsFreeImageCannotTurn) {
   Handle page = Pattern(3, 2);
   library.RotateRightAngle(page, 90, result);
   ASSERT_NE(result, 0);
   EXPECT_EQ(FactsOf(library, page).width * 10 + FactsOf(library, page).height, 23u);
   EXPECT_EQ(PixelAt(library, page, 0, 2), Distinct(0, 0));  // top-left to bottom-left
   EXPECT_EQ(PixelAt(library, page, 0, 0), Distinct(2, 0));  // top-right to top-left
-  for (const int angle : {0, 180, 270, 360}) {
+  for (const int angle : {0, 180, 270, 360, 45, -90, 450}) {
     library.RotateRightAngle(page, angle, result);
-    EXPECT_NE(result, 0) << angle;
+    EXPECT_EQ(result != 0, angle % 90 == 0 && angle >= 0 && angle <= 360) << angle;
   }
   EXPECT_EQ(FactsOf(library, page).width, 3u);
-  for (const int angle : {45, -90, 450}) {
-    library.RotateRightAngle(page, angle, result);
-    EXPECT_EQ(result, 0) << angle;
-  }
-  Handle photo = Photo(30, 20);
-  library.RotateFree(photo, 45.0, -1.0, -1.0, 0, result);
+  // Free angles about the centre grow the canvas (30 cos 45 + 20 sin 45); about a given origin
+  // they keep it.
+  Handle grown = Sample("photo.jpg", 30, 20), kept = Sample("photo.jpg", 30, 20);
+  library.RotateFree(grown, 45.0, -1.0, 5.0, 0, result);
   ASSERT_NE(result, 0);
-  EXPECT_NEAR(FactsOf(library, photo).width, 35.4, 1.5);  // 30 cos 45 + 20 sin 45
-  EXPECT_NEAR(FactsOf(library, photo).height, 35.4, 1.5);
-}
-
-TEST_F(ImagingTransform, DepthsFreeImageCannotTurnAreWidenedFirst) {
-  Handle four = Photo(30, 20), sixteen = 0, mono = 0;
+  EXPECT_NEAR(FactsOf(library, grown).width, 35.4, 1.5);
+  EXPECT_NEAR(FactsOf(library, grown).height, 35.4, 1.5);
+  library.RotateFree(kept, 30.0, 15.0, 10.0, 1, result);
+  EXPECT_EQ(FactsOf(library, kept).width * 100 + FactsOf(library, kept).height, 3020u);
+  // 4 bits turn as 8, 16 as 24, and 1 bit turns freely as 8.
+  Handle four = Sample("photo.jpg", 30, 20), sixteen = 0, mono = 0;
   library.ConvertTo16Bits(four, sixteen, true, result);
   library.ConvertToMono(four, mono, 2, 128, result);
   library.ConvertToIndexed4(four, four, 4, result);
   library.RotateRightAngle(four, 90, result);
-  EXPECT_EQ(FactsOf(library, four).width * 100 + FactsOf(library, four).bpp, 2008u);
   library.RotateRightAngle(sixteen, 270, result);
-  EXPECT_EQ(FactsOf(library, sixteen).width * 100 + FactsOf(library, sixteen).bpp, 2024u);
   library.RotateFree(mono, 30.0, -1.0, -1.0, 0, result);
   EXPECT_NE(result, 0);
+  EXPECT_EQ(FactsOf(library, four).width * 100 + FactsOf(library, four).bpp, 2008u);
+  EXPECT_EQ(FactsOf(library, sixteen).width * 100 + FactsOf(library, sixteen).bpp, 2024u);
   EXPECT_EQ(FactsOf(library, mono).bpp, 8u);
 }
 
-TEST_F(ImagingTransform, FlipsMirrorAndAdjustmentsRefuseDeepPagesUntouched) {
+TEST_F(ImagingPages, FlipsMirrorAndAdjustmentsRefuseDeepPagesUntouched) {
   Handle page = Pattern(3, 2);
   library.FlipImage(page, 1, result);
   EXPECT_EQ(PixelAt(library, page, 0, 0), Distinct(2, 0));
@@ -134,16 +204,14 @@ TEST_F(ImagingTransform, FlipsMirrorAndAdjustmentsRefuseDeepPagesUntouched) {
   EXPECT_EQ(result, 0);
   library.FreeImage_AdjustContrast(page, -50, result);
   EXPECT_NE(result, 0);
-
-  ASSERT_TRUE(samples::WriteDeepPng(folder.file("deep.png"), 6, 6));
-  Handle deep = testing_pages::LoadPage(library, folder.file("deep.png"));
+  Handle deep = Sample("deep.png", 6, 6);
   const Rgba pixel = PixelAt(library, deep, 3, 3);
   library.FreeImage_AdjustBrightness(deep, 40, result);
   EXPECT_EQ(result, 0);
   library.FreeImage_AdjustContrast(deep, 40, result);
   EXPECT_EQ(result, 0);
-  EXPECT_EQ(FactsOf(library, deep).bpp, 48u);
   EXPECT_EQ(PixelAt(library, deep, 3, 3), pixel);
+  EXPECT_EQ(FactsOf(library, deep).bpp, 48u);
 }
 
 }  // namespace

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "imaging/imaging_library.h"
+#include "scripts/sample_images.h"
 
 namespace velmora::testing {
 
@@ -118,17 +119,38 @@ inline imaging::Handle LoadPattern(imaging::ImagingLibrary& library, const std::
   return LoadPage(library, path);
 }
 
-// Pixel (x, y) of a library page, as a window would show it.
-inline Rgba PixelAt(imaging::ImagingLibrary& library, imaging::Handle page, int x, int y) {
+// A sample of the kind its name tells (a JPEG photo, "alpha.png", "deep.png", a float EXR or a
+// palette BMP) written at `path` and loaded.
+inline imaging::Handle LoadSample(imaging::ImagingLibrary& library, const std::string& path, int width, int height) {
+  const bool written = path.ends_with(".jpg")        ? samples::WritePhotoJpeg(path, width, height)
+                       : path.ends_with("alpha.png") ? samples::WriteAlphaPng(path, width, height)
+                       : path.ends_with("deep.png")  ? samples::WriteDeepPng(path, width, height)
+                       : path.ends_with(".exr")      ? samples::WriteFloatExr(path, width, height)
+                                                     : samples::WritePaletteBmp(path, width, height);
+  EXPECT_TRUE(written) << path;
+  return LoadPage(library, path);
+}
+
+// Every pixel of a library page, top row first, as a window would show it.
+inline std::vector<Rgba> Pixels(imaging::ImagingLibrary& library, imaging::Handle page) {
   imaging::DisplayPicture picture;
   imaging::CallResult result = 0;
   library.MakeDisplayPicture(page, picture, result);
-  if (result == 0 || x < 0 || y < 0 || x >= int(picture.width) || y >= int(picture.height)) {
+  std::vector<Rgba> all;
+  for (std::size_t i = 0; i + 3 < picture.rgba.size(); i += 4)
+    all.push_back({picture.rgba[i], picture.rgba[i + 1], picture.rgba[i + 2], picture.rgba[i + 3]});
+  return all;
+}
+
+inline Rgba PixelAt(imaging::ImagingLibrary& library, imaging::Handle page, int x, int y) {
+  std::uint32_t width = 0;
+  library.FreeImage_GetWidth(page, width);
+  const std::vector<Rgba> all = Pixels(library, page);
+  if (x < 0 || y < 0 || x >= int(width) || std::size_t(y) * width + x >= all.size()) {
     ADD_FAILURE() << "no pixel " << x << "," << y;
     return {};
   }
-  const std::uint8_t* p = &picture.rgba[(std::size_t(y) * picture.width + x) * 4];
-  return {p[0], p[1], p[2], p[3]};
+  return all[std::size_t(y) * width + x];
 }
 
 struct PageFacts {

@@ -1,9 +1,8 @@
 // Drawing text on real pages: what is accepted, where the ink lands, its size and colour,
-// clipping, styles, turned lines, faces, and threads drawing at once.
+// clipping, styles, turned lines and faces.
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <thread>
 #include <tuple>
 
 #include "imaging/text/font_lookup.h"
@@ -116,22 +115,6 @@ TEST(TextDraw, InkOnHalfTransparentPixelsIsCompositedOver) {
     opaque += p == Rgba{255, 0, 0, 255};
   }
   EXPECT_GT(opaque, 100);
-}
-
-TEST(TextDraw, ThreadsDrawingAtOnceGetTheSamePixels) {
-  const auto request = Request("Velmora 2024", 5, 5);
-  std::vector<Page> pages;
-  for (int i = 0; i < 5; ++i) pages.push_back(Canvas(260, 60));
-  // Five draws on one spot darken the edges further: every page gets five.
-  std::vector<std::thread> threads;
-  for (int i = 1; i < 5; ++i) {
-    threads.emplace_back([&request, page = pages[i].get()] {
-      for (int round = 0; round < 5; ++round) DrawText(page, request);
-    });
-  }
-  for (int round = 0; round < 5; ++round) EXPECT_TRUE(DrawText(pages[0].get(), request));
-  for (auto& thread : threads) thread.join();
-  for (int i = 1; i < 5; ++i) EXPECT_EQ(Pixels(pages[i].get()), Pixels(pages[0].get())) << i;
 }
 
 TEST(TextFontLookup, ArialResolvesToItsMetricCompatibleFiles) {

@@ -1,0 +1,254 @@
+// ImagingLibrary's handles and its failure rule (0 or unknown handles fail and stay as they
+// were), blank pages, and drawing on pages of any depth: effects, text, and watermark pictures
+// clipped, colour-keyed and blended.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <filesystem>
+#include <functional>
+#include <tuple>
+
+#include "imaging/effects/effects.h"
+#include "imaging/imaging_library.h"
+#include "imaging/text/text_renderer.h"
+#include "tests/imaging/pages.h"
+#include "tests/support/test_support.h"
+
+namespace velmora::imaging {
+namespace {
+
+using namespace velmora::testing;
+using InOut = std::function<void(ImagingLibrary&, Handle&, CallResult&)>;
+
+const TextDrawRequest kText = [] {
+  TextDrawRequest request;
+  request.text = "x";
+  return request;
+}();
+
+// What draws on a 24- or 32-bit page (bringing a page of any other depth to one first), through
+// the library and straight on a bitmap.
+const std::pair<InOut, std::function<bool(FIBITMAP*)>> kDrawing[] = {
+    {[](auto& l, auto& h, auto& r) { l.EffectBlur(h, 0, r); }, [](auto* d) { return effects::Blur(d, false); }},
+    {[](auto& l, auto& h, auto& r) { l.EffectDistort(h, r); }, effects::Distort},
+    {[](auto& l, auto& h, auto& r) { l.EffectEmboss(h, -1, 3, r); },
+     [](auto* d) { return effects::Emboss(d, true, 3); }},
+    {[](auto& l, auto& h, auto& r) { l.EffectEtch(h, 0, 1, r); }, [](auto* d) { return effects::Etch(d, false, 1); }},
+    {[](auto& l, auto& h, auto& r) { l.EffectGrayscale(h, r); }, effects::Grayscale},
+    {[](auto& l, auto& h, auto& r) { l.EffectMosaic(h, 4, r); }, [](auto* d) { return effects::Mosaic(d, 4); }},
+    {[](auto& l, auto& h, auto& r) { l.EffectMotion(h, -1, r); }, [](auto* d) { return effects::Motion(d, true); }},
+    {[](auto& l, auto& h, auto& r) { l.EffectSharpen(h, 0, r); }, [](auto* d) { return effects::Sharpen(d, false); }},
+    {[](auto& l, auto& h, auto& r) { l.DrawWatermarkText(h, kText, r); },
+     [](auto* d) { return text::DrawText(d, kText); }},
+};
+
+// One operation of each kind of page handling, and every drawing one.
+TEST(ImagingFailureRule, OperationsRefuseZeroAndUnknownHandlesAndLeaveThem) {
+  ImagingLibrary library;
+  TempFolder folder;
+  std::vector<InOut> operations = {
+      [](auto& l, auto& h, auto& r) { l.FreeImage_Rescale(h, 10, 10, 2, r); },
+      [](auto& l, auto& h, auto& r) { l.RotateFree(h, 30.0, -1.0, -1.0, 0, r); },
+      [](auto& l, auto& h, auto& r) { l.FlipImage(h, 1, r); },
+      [](auto& l, auto& h, auto& r) { l.FreeImage_AdjustGamma(h, 1.5, r); },
+      [](auto& l, auto& h, auto& r) { l.EffectInvert(h, r); },
+      [](auto& l, auto& h, auto& r) { l.PasteWatermark(h, 4242, 0, 0, 0xFFFFFF, r); },
+      [](auto& l, auto& h, auto& r) { l.ConvertToMono(h, h, 2, 128, r); },
+      [](auto& l, auto& h, auto& r) { l.CopyMetadata(h, h, r); },
+      [&](auto& l, auto& h, auto& r) { l.FreeImage_Save(h, folder.file("x.png"), kFormatPng, 0, -1, r); },
+      [&](auto& l, auto& h, auto& r) { l.AppendPageToFile(folder.file("x.tif"), h, -1, 0, -1, r); },
+      [&](auto& l, auto& h, auto& r) {
+        EncodedImage encoded;
+        l.EncodeImage(h, kFormatPng, 0, encoded, r);
+        l.WriteEncodedImage(encoded, folder.file("x.jpg"), r);  // nothing encoded, nothing written
+      },
+  };
+  for (const auto& drawing : kDrawing) operations.push_back(drawing.first);
+  for (const Handle given : {Handle{0}, Handle{4242}}) {
+    for (std::size_t i = 0; i < operations.size(); ++i) {
+      Handle handle = given;
+      CallResult result = 7;
+      operations[i](library, handle, result);
+      EXPECT_EQ(result, 0) << "operation " << i << " handle " << given;
+      EXPECT_EQ(handle, given);
+    }
+    Handle out = 99;
+    CallResult result = 7;
+    library.FreeImage_ConvertTo24Bits(given, out, result);
+    EXPECT_EQ(result + out, 0);
+    const PageFacts facts = FactsOf(library, given);
+    EXPECT_EQ(facts.width + facts.height + facts.bpp, 0u);
+  }
+  library.FlushAppendedPages();
+  EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+  EXPECT_EQ(library.LiveImageCount(), 0u);
+}
+
+TEST(ImagingHandles, NumberedFromOneReplacedInPlaceAndReleasedOneByOne) {
+  ImagingLibrary library;
+  Handle first = 0, second = 0, grey = 0;
+  CallResult result = 0;
+  library.FreeImage_Allocate(first, 10, 20, 24, 0, 0, 0, result);
+  library.FreeImage_Allocate(second, 10, 20, 8, 0, 0, 0, result);
+  EXPECT_EQ(first * 10 + second, 12u);
+  // The same variable in and out: the image behind the number is replaced, the old one freed.
+  library.FreeImage_ConvertTo32Bits(first, first, result);
+  EXPECT_EQ(first, 1u);
+  EXPECT_EQ(FactsOf(library, first).bpp, 32u);
+  EXPECT_EQ(library.LiveImageCount(), 2u);
+  // Another variable out: a new image, the source stays.
+  library.ConvertToIndexed8(first, grey, 4, result);
+  EXPECT_EQ(grey, 3u);
+  EXPECT_EQ(FactsOf(library, first).bpp, 32u);
+  // Metadata from a page that has none, and from a page onto itself, is no failure.
+  library.CopyMetadata(second, grey, result);
+  EXPECT_NE(result, 0);
+  library.CopyMetadata(grey, grey, result);
+  EXPECT_NE(result, 0);
+  library.Release(first);
+  library.Release(first);
+  library.Release(4242);
+  EXPECT_EQ(library.LiveImageCount(), 2u);
+  EXPECT_EQ(FactsOf(library, first).width, 0u);
+  EXPECT_EQ(FactsOf(library, grey).width, 10u);
+}
+
+TEST(ImagingAllocate, MakesBlankPagesOfEveryDepthAndRefusesBadOnes) {
+  ImagingLibrary library;
+  for (const auto& [width, height, bpp] : {std::tuple{17, 5, 1},
+                                           {17, 5, 4},
+                                           {17, 5, 8},
+                                           {17, 5, 16},
+                                           {17, 5, 24},
+                                           {17, 5, 32},
+                                           {17, 5, 48},
+                                           {17, 5, 64},
+                                           {17, 5, 96},
+                                           {17, 5, 128},
+                                           {0, 5, 24},
+                                           {5, -3, 24},
+                                           {5, 5, 7},
+                                           {5, 5, 0},
+                                           {5, 5, 33}}) {
+    Handle page = 99;
+    CallResult result = 7;
+    library.FreeImage_Allocate(page, width, height, bpp, 0, 0, 0, result);
+    const PageFacts facts = FactsOf(library, page);
+    EXPECT_EQ(result != 0, page != 0) << bpp;
+    EXPECT_EQ(std::tuple(facts.width, facts.height, facts.bpp),
+              width == 17 ? std::tuple(17u, 5u, unsigned(bpp)) : std::tuple(0u, 0u, 0u));
+  }
+}
+
+TEST(ImagingDrawing, RunsOnTrueColourPagesMadeFromAnyDepth) {
+  TempFolder folder;
+  ImagingLibrary library;
+  // Source file, whether to make it 1-bit first, the depth drawing leaves, and whether the page
+  // is drawn on as it is, so that it gets the pixels of drawing straight on the file's bitmap.
+  for (const auto& [source, mono, bpp, as_is] : {std::tuple{"photo.jpg", false, 24u, true},
+                                                 {"photo.jpg", true, 24u, false},
+                                                 {"deep.png", false, 24u, false},
+                                                 {"alpha.png", false, 32u, true}}) {
+    for (const auto& [through_library, straight] : kDrawing) {
+      Handle page = LoadSample(library, folder.file(source), 24, 16);
+      CallResult result = 0;
+      if (mono) library.ConvertToMono(page, page, 2, 128, result);
+      through_library(library, page, result);
+      EXPECT_NE(result, 0) << source;
+      EXPECT_EQ(FactsOf(library, page).bpp, bpp) << source;
+      EXPECT_EQ(FactsOf(library, page).width * FactsOf(library, page).height, 24u * 16u);
+      Page bitmap(FreeImage_Load(FreeImage_GetFileType(folder.file(source).c_str()), folder.file(source).c_str()));
+      EXPECT_TRUE(!as_is || (straight(bitmap.get()) && Pixels(library, page) == Pixels(bitmap.get()))) << source;
+      library.Release(page);
+    }
+  }
+  Handle inverted = LoadPattern(library, folder.file("i.png"), 3, 3, [](int, int) { return Rgba{10, 100, 200}; });
+  CallResult result = 0;
+  library.EffectInvert(inverted, result);
+  EXPECT_EQ(PixelAt(library, inverted, 1, 1), (Rgba{245, 155, 55}));
+}
+
+constexpr Rgba kBlue{0, 0, 255}, kRed{255, 0, 0}, kWhite{255, 255, 255};
+
+// The test watermark: white where x + y is even, red elsewhere, so the white key shows as a chequer.
+Rgba Mark(int x, int y) {
+  return (x + y) % 2 == 0 ? kWhite : kRed;
+}
+
+class ImagingPaste : public ::testing::Test {
+ protected:
+  TempFolder folder;
+  ImagingLibrary library;
+  int files = 0;
+
+  Handle Solid(int width, int height, Rgba colour, bool alpha = false) {
+    return LoadPattern(
+        library, folder.file(std::to_string(files++) + ".png"), width, height, [colour](int, int) { return colour; },
+        alpha);
+  }
+  Handle Watermark(int width, int height) {
+    return LoadPattern(library, folder.file(std::to_string(files++) + ".png"), width, height, Mark);
+  }
+  CallResult Paste(Handle& page, Handle mark, int left, int top, std::int32_t key = 0xFFFFFF) {
+    CallResult result = 0;
+    library.PasteWatermark(page, mark, left, top, key, result);
+    return result;
+  }
+};
+
+TEST_F(ImagingPaste, KeyedPixelsAreLeftOutAndWatermarksClippedOnEverySide) {
+  Handle page = Solid(10, 8, kBlue);
+  const Handle mark = Watermark(4, 4);
+  ASSERT_NE(Paste(page, mark, 2, 1), 0);
+  EXPECT_EQ(PixelAt(library, page, 2, 1), kBlue);  // watermark (0,0): white, keyed out
+  EXPECT_EQ(PixelAt(library, page, 3, 1), kRed);   // watermark (1,0)
+  EXPECT_EQ(PixelAt(library, page, 5, 3), kRed);   // watermark (3,2)
+  EXPECT_EQ(PixelAt(library, page, 6, 3), kBlue);  // right of the watermark
+  Handle corners = Solid(10, 8, kBlue);
+  ASSERT_NE(Paste(corners, mark, -2, -1), 0);
+  EXPECT_EQ(PixelAt(library, corners, 0, 0), kRed);   // watermark (2,1)
+  EXPECT_EQ(PixelAt(library, corners, 1, 0), kBlue);  // watermark (3,1): white
+  ASSERT_NE(Paste(corners, mark, 8, 6), 0);
+  EXPECT_EQ(PixelAt(library, corners, 9, 6), kRed);   // watermark (1,0)
+  EXPECT_EQ(PixelAt(library, corners, 9, 7), kBlue);  // watermark (1,1): white
+  // Larger than the page with no key, and wholly outside it.
+  Handle covered = Solid(5, 5, kBlue);
+  ASSERT_NE(Paste(covered, Watermark(20, 20), -3, -3, -1), 0);
+  EXPECT_EQ(PixelAt(library, covered, 0, 0), Mark(3, 3));
+  EXPECT_EQ(PixelAt(library, covered, 4, 3), Mark(7, 6));
+  ASSERT_NE(Paste(covered, mark, 100, -100), 0);
+  EXPECT_EQ(PixelAt(library, covered, 4, 3), Mark(7, 6));
+  // A page may be its own watermark; an unknown watermark fails.
+  Handle self = Watermark(6, 4);
+  ASSERT_NE(Paste(self, self, 1, 0, -1), 0);
+  EXPECT_EQ(PixelAt(library, self, 2, 1), Mark(1, 1));
+  EXPECT_EQ(Paste(self, 777, 0, 0), 0);
+}
+
+// Source over with straight alpha: a watermark of alpha a over a page of alpha b leaves alpha
+// a + b (1 - a), each colour weighed by its share of that.
+TEST_F(ImagingPaste, AlphaIsBlendedSourceOver) {
+  const double a = 128 / 255.0;
+  for (const int page_alpha : {0, 128, 255}) {
+    Handle page = Solid(3, 3, {0, 0, 255, page_alpha}, true);
+    ASSERT_NE(Paste(page, Solid(2, 2, {255, 0, 0, 128}, true), 0, 0), 0);
+    const double b = page_alpha / 255.0, out = a + b * (1 - a);
+    const Rgba want{int(std::lround(255 * a / out)), 0, int(std::lround(255 * b * (1 - a) / out)),
+                    int(std::lround(255 * out))};
+    EXPECT_EQ(PixelAt(library, page, 1, 0), want) << page_alpha;
+    EXPECT_EQ(PixelAt(library, page, 2, 2), (Rgba{0, 0, 255, page_alpha}));
+  }
+  // A page without alpha, 8 bits grey, is widened to 24 bits first.
+  Handle grey = Solid(6, 6, kBlue);
+  CallResult result = 0;
+  library.ConvertToIndexed8(grey, grey, 4, result);
+  const int level = PixelAt(library, grey, 0, 0).g;
+  ASSERT_NE(Paste(grey, Solid(2, 2, {255, 0, 0, 128}, true), 1, 1), 0);
+  EXPECT_EQ(FactsOf(library, grey).bpp, 24u);
+  const int mixed = int(std::lround(level * (1 - a)));
+  EXPECT_EQ(PixelAt(library, grey, 2, 2), (Rgba{int(std::lround(255 * a + level * (1 - a))), mixed, mixed}));
+  EXPECT_EQ(PixelAt(library, grey, 3, 3), (Rgba{level, level, level}));
+}
+
+}  // namespace
+}  // namespace velmora::imaging
