@@ -22,10 +22,12 @@ FolderBytes ReadFolder(const std::filesystem::path& folder) {
   return files;
 }
 
+// What a run leaves: its files, and the texts it showed and kept (written files, statuses, file
+// lines, percent labels, failures, the font state at the end).
 struct RunOutcome {
   FolderBytes files;
-  std::vector<std::string> written, statuses, labels, failures, file_lines;
-  FontState font;
+  std::vector<std::vector<std::string>> texts;
+  std::string font;
 };
 
 class ParallelRun : public ::testing::Test {
@@ -68,45 +70,15 @@ class ParallelRun : public ::testing::Test {
   RunOutcome RunWith(const RunOptions& options, std::int16_t policy, std::int16_t format, std::int16_t multipage) {
     testing::TempFolder out;
     // Files from an earlier run, for the collision policies to meet.
-    testing::WriteWholeFile(out.file("harbour.jpg"), "earlier");
-    testing::WriteWholeFile(out.file("harbour.tif"), "earlier");
-    testing::WriteWholeFile(out.file("badge.jpg"), "earlier");
+    for (const char* name : {"harbour.jpg", "harbour.tif", "badge.jpg"}) testing::WriteWholeFile(out.file(name), "old");
     AppState state = Job(out.slash(), policy, format, multipage);
     testing::RecordingView view;
     GoProcess2(state, SourceList{rows_, -1}, view, options);
-    RunOutcome outcome{ReadFolder(out.path()),
-                       state.WrittenFiles.Entries(),
-                       view.statuses,
-                       view.wait_labels,
-                       view.failures,
-                       view.files,
-                       state.font};
-    for (std::string& path : outcome.written) path = std::filesystem::relative(path, out.path()).string();
-    return outcome;
-  }
-
-  void ExpectSameOutcome(std::int16_t policy, std::int16_t format, std::int16_t multipage) {
-    const RunOutcome one = RunWith(RunOptions{1, {}}, policy, format, multipage);
-    ASSERT_GT(one.files.size(), rows_.size() / 2);
-    for (const RunOptions& options : {RunOptions{4, {}}, RunOptions{3, {kWorkerProgram, 300, 0}}}) {
-      SCOPED_TRACE(options.workers.program.empty() ? "threads" : "processes");
-      ExpectSame(one, RunWith(options, policy, format, multipage));
-    }
-  }
-
-  static void ExpectSame(const RunOutcome& one, const RunOutcome& four) {
-    EXPECT_EQ(one.written, four.written);
-    EXPECT_EQ(one.statuses, four.statuses);
-    EXPECT_EQ(one.file_lines, four.file_lines);
-    EXPECT_EQ(one.labels, four.labels);
-    EXPECT_EQ(one.failures, four.failures);
-    EXPECT_EQ(one.font, four.font);
-    ASSERT_EQ(one.files.size(), four.files.size());
-    for (const auto& [name, bytes] : one.files) {
-      const auto other = four.files.find(name);
-      ASSERT_NE(other, four.files.end()) << name;
-      EXPECT_TRUE(bytes == other->second) << name << " differs";
-    }
+    std::vector<std::string> written = state.WrittenFiles.Entries();
+    for (std::string& path : written) path = std::filesystem::relative(path, out.path()).string();
+    return {ReadFolder(out.path()),
+            {written, view.statuses, view.files, view.wait_labels, view.failures},
+            FormatWatermarkFont(state.font)};
   }
 
   static testing::TempFolder* samples_;
@@ -115,14 +87,19 @@ class ParallelRun : public ::testing::Test {
 testing::TempFolder* ParallelRun::samples_ = nullptr;
 std::vector<std::string> ParallelRun::rows_;
 
-TEST_F(ParallelRun, AutoRenameToJpegWithPageFiles) {
-  ExpectSameOutcome(2, 1, 0);
-}
-TEST_F(ParallelRun, OverwriteToMultipageTiff) {
-  ExpectSameOutcome(1, 5, 1);
-}
-TEST_F(ParallelRun, SkipToAnimatedGif) {
-  ExpectSameOutcome(0, 2, 1);
+TEST_F(ParallelRun, EveryPolicyAndMultipageModeMatchesOneThread) {
+  // Auto-rename into JPEG page files, overwrite into multipage TIFF files, skip into animated GIFs.
+  for (const auto& [policy, format, multipage] : {std::tuple{2, 1, 0}, std::tuple{1, 5, 1}, std::tuple{0, 2, 1}}) {
+    const RunOutcome one = RunWith(RunOptions{1, {}}, policy, format, multipage);
+    ASSERT_GT(one.files.size(), rows_.size() / 2);
+    for (const RunOptions& options : {RunOptions{4, {}}, RunOptions{3, {kWorkerProgram, 300, 0}}}) {
+      SCOPED_TRACE(std::to_string(policy) + (options.workers.program.empty() ? " threads" : " processes"));
+      const RunOutcome many = RunWith(options, policy, format, multipage);
+      EXPECT_EQ(one.texts, many.texts);
+      EXPECT_EQ(one.font, many.font);
+      EXPECT_TRUE(one.files == many.files);
+    }
+  }
 }
 
 TEST_F(ParallelRun, JobThatCarriesPageStateStillMatches) {
