@@ -19,30 +19,24 @@ TEST(RunStatus, EmptyListTerminatesAndTouchesNothing) {
   EXPECT_EQ(state.SkipCounter, 3);
 }
 
-TEST(RunStatus, EmptyChainConvertsAndJumpsFromTenToHundredPercent) {
+TEST(RunStatus, PercentTextsFollowTheOperationsAndAnEmptyChainJumpsFromTenToHundred) {
   testing::TempFolder src, out;
   ASSERT_TRUE(WriteSolidImage(src.file("red.png"), 40, 30, 0xFF0000));
   AppState state = MakeJob(out.slash());
-  const testing::RecordingView view = RunJob(state, {src.file("red.png")});
+  testing::RecordingView view = RunJob(state, {src.file("red.png")});
   EXPECT_EQ(view.wait_labels, (std::vector<std::string>{"10%", "100%"}));
   EXPECT_EQ(view.statuses, (std::vector<std::string>{"Processing...", "Completed."}));
   EXPECT_EQ(view.files, (std::vector<std::string>{"", "Current file: red.png", "1 file(s) processed."}));
   EXPECT_EQ(view.progress_max, 1);
   EXPECT_EQ(view.progress_value, 1);
   const testing::ImageFacts facts = testing::ReadImageFacts(out.file("red_000.jpg"));
-  EXPECT_TRUE(facts.readable);
   EXPECT_EQ(facts.format, FIF_JPEG);
   EXPECT_EQ(facts.width, 40u);
   EXPECT_EQ(facts.bpp, 24u);  // the default job asks for 32 bits; JPEG takes 24
   EXPECT_EQ(state.WrittenFiles.Entries(), std::vector<std::string>{out.file("red_000.jpg")});
-}
 
-TEST(RunStatus, PercentTextsFollowTheOperations) {
-  testing::TempFolder src, out;
-  ASSERT_TRUE(WriteSolidImage(src.file("a.png"), 20, 20, 0x00FF00));
-  AppState state = MakeJob(out.slash());
   state.blocks = Blocks({NewBlock(kMirror), NewBlock(kGamma), NewBlock(kEffect)});
-  const testing::RecordingView view = RunJob(state, {src.file("a.png")});
+  view = RunJob(state, {src.file("red.png")});
   EXPECT_EQ(view.wait_labels, (std::vector<std::string>{"10%", "36%", "63%", "90%", "100%"}));
 }
 
@@ -52,14 +46,12 @@ TEST(RunStatus, UnreadableSourceCountsAsProcessedAndIsLogged) {
   ASSERT_TRUE(WriteSolidImage(src.file("good.bmp"), 10, 10, 0x0000FF));
   AppState state = MakeJob(out.slash());
   const testing::RecordingView view = RunJob(state, {src.file("broken.jpg"), src.file("good.bmp")});
-  EXPECT_EQ(view.LastStatus(), "Completed.");
   EXPECT_EQ(view.LastFile(), "2 file(s) processed.");
   EXPECT_EQ(state.WrittenFiles.Entries(),
             (std::vector<std::string>{out.file("broken_000.jpg"), out.file("good_001.jpg")}));
   EXPECT_FALSE(std::filesystem::exists(out.file("broken_000.jpg")));
   EXPECT_TRUE(testing::ReadImageFacts(out.file("good_001.jpg")).readable);
-  ASSERT_FALSE(view.failures.empty());
-  EXPECT_NE(view.failures.front().find("broken.jpg"), std::string::npos);
+  EXPECT_EQ(view.failures, std::vector<std::string>{"cannot read " + src.file("broken.jpg")});
   EXPECT_EQ(testing::ReadWholeFile(src.file("broken.jpg")), "this is not an image");
 }
 
@@ -69,7 +61,6 @@ TEST(RunStatus, MissingOutputFolderFailsEverySaveQuietly) {
   AppState state = MakeJob(out.slash() + "missing/");
   state.settings.AlwaysCreateOutputFolder = kFalse;
   const testing::RecordingView view = RunJob(state, {src.file("a.png")});
-  EXPECT_EQ(view.LastStatus(), "Completed.");
   EXPECT_EQ(view.LastFile(), "1 file(s) processed.");
   EXPECT_FALSE(std::filesystem::exists(out.file("missing")));
   EXPECT_EQ(state.WrittenFiles.UpperBound(), 1);  // the name is recorded whether the save worked or not
@@ -88,13 +79,15 @@ TEST(RunStatus, MissingWatermarkImageLeavesThePageAndGoesOn) {
   mark.WatermarkSource = src.file("no-such-mark.png");
   state.blocks = Blocks({mark, NewBlock(kMirror)});
   state.output.OutputFormat = 3;
-  const testing::RecordingView view = RunJob(state, {src.file("a.png")});
-  EXPECT_EQ(view.LastStatus(), "Completed.");
+  RunJob(state, {src.file("a.png")});
   EXPECT_EQ(PixelAt(out.file("a_000.png"), 0, 0), 0x0000FF);
   EXPECT_EQ(testing::ReadImageFacts(out.file("a_000.png")).width, 30u);
 }
 
-TEST(RunStatus, PreviewWritesThePreviewFileAndShowsTheFittedPage) {
+// The preview run as the window starts it is checked in tests/preview; here what the engine
+// alone decides: the list of written files holds only the preview file, the fitted page stands
+// in the middle of the frame, the output folder is left alone, and the preview mode ends.
+TEST(RunStatus, PreviewWritesOnlyThePreviewFileAndCentresThePage) {
   testing::TempFolder data, src, out;
   std::filesystem::create_directories(data.path() / "Temp");
   ASSERT_TRUE(WriteSolidImage(src.file("wide.png"), 800, 400, 0xFFFFFF));
@@ -103,29 +96,15 @@ TEST(RunStatus, PreviewWritesThePreviewFileAndShowsTheFittedPage) {
   state.WrittenFiles.Append(out.file("from-real-run.jpg"));
   state.preview.PreviewMode = kTrue;
   testing::RecordingView view;
-  view.frame_width = 400;
-  view.frame_height = 300;
   GoProcess2(state, SourceList{{src.file("wide.png")}, 0}, view);
-  const std::string preview_file = data.file("Temp/preview.dat");
-  EXPECT_EQ(state.WrittenFiles.Entries(), std::vector<std::string>{preview_file});
-  EXPECT_EQ(testing::ReadImageFacts(preview_file).format, FIF_JPEG);
-  EXPECT_EQ(view.pictures_shown, 1);
-  EXPECT_EQ(view.picture.width, 400u);
-  EXPECT_EQ(view.picture.height, 200u);
-  EXPECT_EQ(view.picture_top, 50);
+  EXPECT_EQ(state.WrittenFiles.Entries(), std::vector<std::string>{data.file("Temp/preview.dat")});
+  EXPECT_EQ(view.picture_top, 50);  // 400 x 200 in 400 x 300
   EXPECT_EQ(view.picture_left, 0);
-  EXPECT_EQ(view.wait_labels.front(), "0%");
-  EXPECT_FALSE(view.wait_shown);
   EXPECT_EQ(view.LastFile(), "1 file(s) processed.");
-  EXPECT_EQ(state.preview.PreviewMode, kFalse);
   EXPECT_TRUE(std::filesystem::is_empty(out.path()));
+  EXPECT_EQ(state.preview.PreviewMode, kFalse);
+  EXPECT_FALSE(view.wait_shown);
 }
-
-}  // namespace
-}  // namespace velmora::engine
-
-namespace velmora::engine {
-namespace {
 
 TEST(RunMetadata, TagsAndResolutionSurviveOperationsThatReplaceThePage) {
   testing::TempFolder src, out;
