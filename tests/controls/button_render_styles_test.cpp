@@ -2,7 +2,8 @@
 // rectangle (80 by 33 for the drop-down) and checked at chosen pixels.
 #include <gtest/gtest.h>
 
-#include "controls/button_look.h"
+#include <cmath>
+
 #include "controls/button_presets.h"
 #include "controls/button_renderer.h"
 #include "pixel_checks.h"
@@ -10,277 +11,194 @@
 namespace velmora::controls {
 namespace {
 
+using testing::ExpectPixels;
+using testing::kClear;
 using testing::PixelIs;
-using testing::PixelNear;
-using testing::PixelTransparent;
+using testing::Probe;
 
 constexpr OleColor kDark = kSys3DDarkShadow;
 constexpr OleColor kLight = kSys3DHighlight;
 constexpr OleColor kShadow = kSysButtonShadow;
 constexpr OleColor kFace = kSysButtonFace;
 constexpr OleColor kBlack = 0;
+constexpr OleColor kFocusRing = 0xD1D1D1;
 
 struct Look {
-  bool pressed = false;
-  bool hover = false;
-  bool focus = false;
-  bool enabled = true;
+  bool pressed = false, hover = false, focus = false, enabled = true, focus_rect = true;
+  int fill = -1;  // ButtonStyleColors, when not the one the style sets
 };
+constexpr Look N{}, H{false, true}, P{true}, PH{true, true}, F{false, false, true}, D{false, false, false, false};
+constexpr Look NoRect{false, false, true, true, false};  // focus, but FocusRect off
+constexpr Look F0{false, false, true, true, true, 0}, D0{false, false, false, false, true, 0};  // no face fill
 
-QImage Render(int style, Look look = {}, QSize size = {60, 40}) {
-  ButtonProperties props = new_button_properties(QString());
-  apply_button_style(props, style);
-  props.Enabled = look.enabled;
-  return redraw_button(props, ButtonState{look.pressed, look.hover, look.focus}, size).image;
+// Looks: N normal, H hover, P pressed, PH pressed under the pointer, F focus, D disabled.
+// - Style 1 sinks its rims when pressed; the rectangle's second right and bottom line takes the
+//   pressed border. Style 3 is flat (the border takes BackColor) until the pointer comes.
+// - Style 6 glows in five rings, then shows its face again; its focus glows blue and shows no
+//   dots; without a face fill a disabled control keeps its black border.
+// - Style 7's first band runs to 2H/3 and its second starts again at H/2. Style 8's first band
+//   runs from the desktop colour at the bottom edge to white at H/6.
+// - The focus mark is a checker of dots over the bare face only, with the focus ring at inset 4.
+//   Style 5 draws its outline in the face colour, and the checker still stops two pixels short of
+//   each edge.
+TEST(ButtonStyles, RimsFacesGlowsAndFocusByState) {
+  struct Row {
+    int style;
+    Look look;
+    int x, y;
+    OleColor color;
+    int tolerance;
+  };
+  const Row rows[] = {
+      {1, N, 0, 0, kDark, 0},       {1, N, 59, 39, kDark, 0},      {1, N, 1, 1, kLight, 0},
+      {1, N, 30, 1, kLight, 0},     {1, N, 1, 20, kLight, 0},      {1, N, 58, 38, kShadow, 0},
+      {1, N, 58, 1, kShadow, 0},    {1, N, 1, 38, kShadow, 0},     {1, N, 2, 2, kFace, 0},
+      {1, N, 3, 3, kFace, 0},       {1, P, 0, 0, kLight, 0},       {1, P, 1, 1, kDark, 0},
+      {1, P, 2, 2, kShadow, 0},     {1, P, 30, 2, kShadow, 0},     {1, P, 58, 38, kLight, 0},
+      {1, P, 57, 37, kFace, 0},     {2, N, 0, 0, kDark, 0},        {2, N, 1, 1, kLight, 0},
+      {2, N, 58, 38, kDark, 0},     {2, N, 57, 37, kFace, 0},      {2, P, 1, 1, kDark, 0},
+      {2, P, 0, 0, kLight, 0},      {3, N, 0, 0, kFace, 0},        {3, N, 1, 1, kFace, 0},
+      {3, H, 0, 0, kDark, 0},       {3, H, 1, 1, kLight, 0},       {3, PH, 0, 0, kLight, 0},
+      {3, PH, 1, 1, kDark, 0},      {4, N, 0, 0, kShadow, 0},      {4, N, 1, 1, kLight, 0},
+      {4, N, 58, 38, kShadow, 0},   {4, P, 30, 20, 0x999999, 0},   {4, D, 1, 1, kFace, 0},
+      {4, D, 0, 0, kShadow, 0},     {5, N, 0, 0, kFace, 0},        {5, N, 30, 20, kFace, 0},
+      {5, H, 0, 0, kBlack, 0},      {5, H, 30, 1, 0xAC9891, 1},    {5, H, 30, 38, kBlack, 0},
+      {5, H, 30, 37, 0xB6A59F, 1},  {5, P, 30, 1, 0xA57F71, 1},    {5, P, 30, 37, 0xAF8C80, 1},
+      {6, N, 0, 0, kBlack, 0},      {6, N, 30, 1, 0xD2DEDD, 2},    {6, N, 30, 37, 0xFFFFFF, 3},
+      {6, H, 2, 20, 0x109ADC, 0},   {6, H, 3, 20, 0x31B2F0, 0},    {6, H, 4, 20, 0x90D6F7, 0},
+      {6, H, 5, 20, 0xCEF3FF, 0},   {6, H, 6, 20, 0x8CDBFF, 0},    {6, H, 30, 2, 0x109ADC, 0},
+      {6, H, 7, 20, 0xE9EFEE, 2},   {6, F, 2, 20, 0xD98D59, 0},    {6, F, 3, 20, 0xE2A981, 0},
+      {6, F, 4, 20, 0xF0D1B5, 0},   {6, F, 5, 20, 0xF7D7BD, 0},    {6, F, 6, 20, 0xFFE7CE, 0},
+      {6, F, 10, 10, 0xDEE7E6, 2},  {6, P, 58, 38, kLight, 0},     {6, P, 30, 37, 0xE0E6E6, 2},
+      {6, D, 30, 20, 0xDBE7E7, 0},  {6, D, 0, 0, 0x8DABAB, 0},     {6, D0, 0, 0, kBlack, 0},
+      {6, D0, 30, 20, kClear, 0},   {7, N, 0, 0, 0x8F8F8E, 0},     {7, N, 2, 20, 0xFFFFFF, 0},
+      {7, N, 30, 2, 0xFFFFFF, 0},   {7, N, 30, 19, 0xE9E9E9, 1},   {7, N, 30, 20, 0xD8D8D8, 1},
+      {7, H, 0, 0, 0xB17F3C, 0},    {7, P, 2, 20, 0xCFB073, 0},    {7, P, 0, 0, 0x5C411D, 0},
+      {7, F, 2, 20, 0xFECC04, 0},   {7, D, 0, 0, 0xB5B2AD, 0},     {7, D, 30, 20, 0xF0F0F0, 1},
+      {8, N, 0, 0, kSysDesktop, 0}, {8, N, 30, 3, kSysDesktop, 0}, {8, N, 30, 20, kSysDesktop, 3},
+      {8, N, 30, 19, 0xDDC8B4, 1},  {8, D, 0, 0, 0xA4B6B7, 0},     {8, D, 30, 20, 0xA4B6B7, 3},
+      {1, F, 3, 3, kBlack, 0},      {1, F, 5, 5, kBlack, 0},       {1, F, 2, 2, kBlack, 0},
+      {1, F, 30, 20, kBlack, 0},    {1, F, 3, 4, kFace, 0},        {1, F, 31, 20, kFace, 0},
+      {1, F, 4, 4, kFocusRing, 0},  {1, F, 30, 4, kFocusRing, 0},  {1, F, 58, 38, kShadow, 0},
+      {1, F, 1, 1, kLight, 0},      {1, F0, 3, 3, kBlack, 0},      {1, F0, 3, 4, kClear, 0},
+      {1, NoRect, 3, 3, kFace, 0},  {1, NoRect, 4, 4, kFace, 0},   {5, F, 58, 2, kBlack, 0},
+      {5, F, 2, 38, kBlack, 0},     {5, F, 59, 3, kFace, 0},       {5, F, 3, 39, kFace, 0},
+      {5, F, 59, 39, kFace, 0},
+  };
+  for (const Row& r : rows) {
+    ButtonProperties props = new_button_properties(QString());
+    apply_button_style(props, r.style);
+    if (r.look.fill >= 0) props.ButtonStyleColors = r.look.fill;
+    props.Enabled = r.look.enabled;
+    props.FocusRect = r.look.focus_rect;
+    const ButtonState state{r.look.pressed, r.look.hover, r.look.focus};
+    const QImage image = redraw_button(props, state, {60, 40}).image;
+    EXPECT_TRUE(PixelIs(image, r.x, r.y, r.color, r.tolerance))
+        << "style " << r.style << " pressed " << r.look.pressed << " hover " << r.look.hover << " focus "
+        << r.look.focus << " enabled " << r.look.enabled << " fill " << r.look.fill;
+  }
 }
 
-TEST(ButtonStyle1, RaisedAndSunkenRims) {
-  const QImage normal = Render(1);
-  EXPECT_TRUE(PixelIs(normal, 0, 0, kDark));
-  EXPECT_TRUE(PixelIs(normal, 59, 39, kDark));
-  EXPECT_TRUE(PixelIs(normal, 1, 1, kLight));
-  EXPECT_TRUE(PixelIs(normal, 30, 1, kLight));
-  EXPECT_TRUE(PixelIs(normal, 1, 20, kLight));
-  EXPECT_TRUE(PixelIs(normal, 58, 38, kShadow));
-  EXPECT_TRUE(PixelIs(normal, 58, 1, kShadow));
-  EXPECT_TRUE(PixelIs(normal, 1, 38, kShadow));
-  EXPECT_TRUE(PixelIs(normal, 2, 2, kFace));
-  const QImage pressed = Render(1, {.pressed = true});
-  EXPECT_TRUE(PixelIs(pressed, 0, 0, kLight));
-  EXPECT_TRUE(PixelIs(pressed, 1, 1, kDark));
-  EXPECT_TRUE(PixelIs(pressed, 2, 2, kShadow));
-  EXPECT_TRUE(PixelIs(pressed, 30, 2, kShadow));
-  EXPECT_TRUE(PixelIs(pressed, 58, 38, kLight));  // the rectangle's second edge line
-  EXPECT_TRUE(PixelIs(pressed, 57, 37, kFace));
-}
-
-TEST(ButtonStyle2, OneLitRim) {
-  const QImage normal = Render(2);
-  EXPECT_TRUE(PixelIs(normal, 0, 0, kDark));
-  EXPECT_TRUE(PixelIs(normal, 1, 1, kLight));
-  EXPECT_TRUE(PixelIs(normal, 58, 38, kDark));
-  EXPECT_TRUE(PixelIs(normal, 57, 37, kFace));
-  const QImage pressed = Render(2, {.pressed = true});
-  EXPECT_TRUE(PixelIs(pressed, 1, 1, kDark));
-  EXPECT_TRUE(PixelIs(pressed, 0, 0, kLight));
-}
-
-TEST(ButtonStyle3, FlatUntilThePointerComes) {
-  const QImage normal = Render(3);
-  EXPECT_TRUE(PixelIs(normal, 0, 0, kFace));  // the border takes BackColor
-  EXPECT_TRUE(PixelIs(normal, 1, 1, kFace));
-  const QImage hover = Render(3, {.hover = true});
-  EXPECT_TRUE(PixelIs(hover, 0, 0, kDark));
-  EXPECT_TRUE(PixelIs(hover, 1, 1, kLight));
-  const QImage pressed = Render(3, {.pressed = true, .hover = true});
-  EXPECT_TRUE(PixelIs(pressed, 0, 0, kLight));
-  EXPECT_TRUE(PixelIs(pressed, 1, 1, kDark));
-}
-
-TEST(ButtonStyle4, ShadowBorderAndDarkPressedFace) {
-  const QImage normal = Render(4);
-  EXPECT_TRUE(PixelIs(normal, 0, 0, kShadow));
-  EXPECT_TRUE(PixelIs(normal, 1, 1, kLight));
-  EXPECT_TRUE(PixelIs(normal, 58, 38, kShadow));
-  EXPECT_TRUE(PixelIs(Render(4, {.pressed = true}), 30, 20, 0x999999));
-  const QImage disabled = Render(4, {.enabled = false});
-  EXPECT_TRUE(PixelIs(disabled, 1, 1, kFace));
-  EXPECT_TRUE(PixelIs(disabled, 0, 0, kShadow));
-}
-
-TEST(ButtonStyle5, HoverGradientOverwritesTheFace) {
-  const QImage normal = Render(5);
-  EXPECT_TRUE(PixelIs(normal, 0, 0, kFace));
-  EXPECT_TRUE(PixelIs(normal, 30, 20, kFace));
-  const QImage hover = Render(5, {.hover = true});
-  EXPECT_TRUE(PixelIs(hover, 0, 0, kBlack));
-  EXPECT_TRUE(PixelNear(hover, 30, 1, 0xAC9891, 1));
-  EXPECT_TRUE(PixelIs(hover, 30, 38, kBlack));
-  EXPECT_TRUE(PixelNear(hover, 30, 37, 0xB6A59F, 1));
-  const QImage pressed = Render(5, {.pressed = true});
-  EXPECT_TRUE(PixelNear(pressed, 30, 1, 0xA57F71, 1));
-  EXPECT_TRUE(PixelNear(pressed, 30, 37, 0xAF8C80, 1));
-}
-
-TEST(ButtonStyle6, GradientFaceAndGlowRings) {
-  const QImage normal = Render(6);
-  EXPECT_TRUE(PixelIs(normal, 0, 0, kBlack));
-  EXPECT_TRUE(PixelNear(normal, 30, 1, 0xD2DEDD, 2));
-  EXPECT_TRUE(PixelNear(normal, 30, 37, 0xFFFFFF, 3));
-  const QImage hover = Render(6, {.hover = true});
-  const OleColor hot[] = {0x109ADC, 0x31B2F0, 0x90D6F7, 0xCEF3FF, 0x8CDBFF};
-  for (int i = 0; i < 5; ++i) EXPECT_TRUE(PixelIs(hover, 2 + i, 20, hot[i]));
-  EXPECT_TRUE(PixelIs(hover, 30, 2, hot[0]));
-  EXPECT_FALSE(PixelIs(hover, 7, 20, hot[4]));
-  const QImage focus = Render(6, {.focus = true});
-  const OleColor blue[] = {0xD98D59, 0xE2A981, 0xF0D1B5, 0xF7D7BD, 0xFFE7CE};
-  for (int i = 0; i < 5; ++i) EXPECT_TRUE(PixelIs(focus, 2 + i, 20, blue[i]));
-  EXPECT_FALSE(PixelIs(focus, 10, 10, kBlack));  // style 6 shows no dots
-  const QImage pressed = Render(6, {.pressed = true});
-  EXPECT_TRUE(PixelIs(pressed, 58, 38, kLight));
-  EXPECT_TRUE(PixelNear(pressed, 30, 37, 0xE0E6E6, 2));
-  const QImage disabled = Render(6, {.enabled = false});
-  EXPECT_TRUE(PixelIs(disabled, 30, 20, 0xDBE7E7));
-  EXPECT_TRUE(PixelIs(disabled, 0, 0, 0x8DABAB));
-}
-
-TEST(ButtonStyle7, TwoBandsAndInnerRing) {
-  const QImage normal = Render(7);
-  EXPECT_TRUE(PixelIs(normal, 0, 0, 0x8F8F8E));
-  EXPECT_TRUE(PixelIs(normal, 2, 20, 0xFFFFFF));
-  EXPECT_TRUE(PixelIs(normal, 30, 2, 0xFFFFFF));
-  // The first band runs to 2H/3; the second starts again at H/2.
-  EXPECT_TRUE(PixelNear(normal, 30, 19, 0xE9E9E9, 1));
-  EXPECT_TRUE(PixelNear(normal, 30, 20, 0xD8D8D8, 1));
-  EXPECT_TRUE(PixelIs(Render(7, {.pressed = true}), 2, 20, 0xCFB073));
-  EXPECT_TRUE(PixelIs(Render(7, {.hover = true}), 0, 0, 0xB17F3C));
-  EXPECT_TRUE(PixelIs(Render(7, {.pressed = true}), 0, 0, 0x5C411D));
-  EXPECT_TRUE(PixelIs(Render(7, {.focus = true}), 2, 20, 0xFECC04));
-  const QImage disabled = Render(7, {.enabled = false});
-  EXPECT_TRUE(PixelIs(disabled, 0, 0, 0xB5B2AD));
-  EXPECT_TRUE(PixelNear(disabled, 30, 20, 0xF0F0F0, 1));
-}
-
-TEST(ButtonStyle8, GlassBands) {
-  const QImage normal = Render(8);
-  EXPECT_TRUE(PixelIs(normal, 0, 0, kSysDesktop));
-  EXPECT_TRUE(PixelIs(normal, 30, 3, kSysDesktop));  // above the first band
-  EXPECT_TRUE(PixelNear(normal, 30, 20, kSysDesktop, 3));
-  EXPECT_GT(qRed(normal.pixel(30, 19)), 150);  // the first band lightens toward its top
-  const QImage disabled = Render(8, {.enabled = false});
-  EXPECT_TRUE(PixelIs(disabled, 0, 0, 0xA4B6B7));
-  EXPECT_TRUE(PixelNear(disabled, 30, 20, 0xA4B6B7, 3));
-}
-
-TEST(ButtonStyleBorders, WrittenIntoThePropertiesAtDrawTime) {
+// Style and theme values outside 1 to 8 are stored but write no colour; the faces of styles 4 to
+// 8 show in the drawings above.
+TEST(ButtonPresets, StylesAndThemesWriteTheirColours) {
+  for (int value : {0, 9}) {
+    ButtonProperties p;
+    p.BackColor = 0x111111;
+    p.BorderColor = 0x222222;
+    apply_button_style(p, value);
+    apply_button_theme(p, value);
+    EXPECT_EQ(p.ButtonStyle, value);
+    EXPECT_EQ(p.ButtonTheme, value);
+    EXPECT_EQ(p.BackColor, 0x111111u) << value;
+    EXPECT_EQ(p.BorderColor, 0x222222u) << value;
+  }
   ButtonProperties p;
-  apply_button_theme(p, 4);
-  apply_style_borders(p, true);  // style 1 replaces the theme's borders
-  EXPECT_EQ(p.BorderColor, kDark);
-  EXPECT_EQ(p.BorderColorPressed, kLight);
-  p.ButtonStyle = 3;
-  p.BackColor = 0x123456;
-  apply_style_borders(p, true);
-  EXPECT_EQ(p.BorderColor, 0x123456u);
-  p.ButtonStyle = 6;
-  p.ButtonStyleColors = 0;
-  apply_style_borders(p, false);
-  EXPECT_EQ(p.BorderColor, 0u);  // no face fill, no disabled border
-  p.ButtonStyleColors = 3;
-  apply_style_borders(p, false);
-  EXPECT_EQ(p.BorderColor, 0x8DABABu);
-  p.ButtonStyle = 0;
-  p.BorderColor = 0x42;
-  apply_style_borders(p, true);
-  EXPECT_EQ(p.BorderColor, 0x42u);
+  apply_button_style(p, 8);
+  EXPECT_EQ(p.BackColorPressed, kSysDesktop);
+  apply_button_style(p, 1);
+  EXPECT_EQ(p.BackColorPressed, kFace);
+  // Themes write the three faces and a blue border for every state.
+  apply_button_theme(p, 1);
+  EXPECT_EQ(std::vector<OleColor>({p.BackColor, p.BackColorHover, p.BackColorPressed, p.BorderColor, p.BorderColorHover,
+                                   p.BorderColorPressed}),
+            std::vector<OleColor>({0xF1B39A, 0xFDF7F4, 0xFAE6DD, 0xFF0000, 0xFF0000, 0xFF0000}));
+  apply_button_theme(p, 8);
+  EXPECT_EQ(std::vector<OleColor>({p.BackColor, p.BackColorHover, p.BackColorPressed}),
+            std::vector<OleColor>({0x8B4027, 0xFF7648, 0xCD5F3A}));
+  // Styles 4 and 6 pull the fill mode to 1 and 3 unless it is 0.
+  struct Pull {
+    int style, before, after;
+  };
+  for (const Pull& row : {Pull{4, 0, 0}, Pull{4, 2, 1}, Pull{6, 0, 0}, Pull{6, 5, 3}, Pull{7, 5, 5}}) {
+    p.ButtonStyleColors = row.before;
+    apply_button_style(p, row.style);
+    EXPECT_EQ(p.ButtonStyleColors, row.after) << "style " << row.style << " from " << row.before;
+  }
 }
 
-QImage RenderFill(int mode) {
-  ButtonProperties props = new_button_properties(QString());
-  props.ButtonStyle = 0;
-  props.ButtonStyleColors = mode;
-  props.BackColor = 0x0000FF;       // red
-  props.BackColorHover = 0xFF0000;  // blue
-  return redraw_button(props, ButtonState{false, true, false}, {60, 40}).image;
+// The colour a fraction t of the way from red to blue.
+OleColor RedToBlue(double t) {
+  return ole_rgb(static_cast<int>(std::lround(255 * (1 - t))), 0, static_cast<int>(std::lround(255 * t)));
 }
 
+// Fill modes run from BackColor (red) to the state's face colour (blue, hovering); each pixel
+// takes the colour at its centre, on a 60 by 40 face.
 TEST(ButtonFill, ModesPlaceTheTwoColours) {
-  constexpr OleColor kRed = 0x0000FF;
-  constexpr OleColor kBlue = 0xFF0000;
-  // Probes stand one pixel inside the border lines, where the mirrored vertical fills are a
-  // row (13 steps of each channel) short of their end colour.
-  constexpr int kTol = 34;
-  EXPECT_TRUE(PixelTransparent(RenderFill(0), 30, 20));
-  EXPECT_TRUE(PixelIs(RenderFill(1), 30, 20, kBlue));
-  const QImage h = RenderFill(2);
-  EXPECT_TRUE(PixelNear(h, 1, 20, kRed, kTol));
-  EXPECT_TRUE(PixelNear(h, 57, 20, kBlue, kTol));
-  const QImage v = RenderFill(3);
-  EXPECT_TRUE(PixelNear(v, 30, 37, kRed, kTol));
-  EXPECT_TRUE(PixelNear(v, 30, 1, kBlue, kTol));
-  const QImage v_edges = RenderFill(4);
-  EXPECT_TRUE(PixelNear(v_edges, 30, 1, kRed, kTol));
-  EXPECT_TRUE(PixelNear(v_edges, 30, 19, kBlue, kTol));
-  EXPECT_TRUE(PixelNear(v_edges, 30, 37, kRed, kTol));
-  const QImage v_middle = RenderFill(5);
-  EXPECT_TRUE(PixelNear(v_middle, 30, 1, kBlue, kTol));
-  EXPECT_TRUE(PixelNear(v_middle, 30, 19, kRed, kTol));
-  EXPECT_TRUE(PixelNear(v_middle, 30, 37, kBlue, kTol));
-  const QImage h_edges = RenderFill(6);
-  EXPECT_TRUE(PixelNear(h_edges, 1, 20, kRed, kTol));
-  EXPECT_TRUE(PixelNear(h_edges, 29, 20, kBlue, kTol));
-  EXPECT_TRUE(PixelNear(h_edges, 57, 20, kRed, kTol));
-  const QImage h_middle = RenderFill(7);
-  EXPECT_TRUE(PixelNear(h_middle, 1, 20, kBlue, kTol));
-  EXPECT_TRUE(PixelNear(h_middle, 29, 20, kRed, kTol));
-  EXPECT_TRUE(PixelNear(h_middle, 57, 20, kBlue, kTol));
-}
-
-TEST(ButtonFocusMark, CheckerOfDotsOverTheBareFaceOnly) {
-  const QImage image = Render(1, {.focus = true});
-  EXPECT_TRUE(PixelIs(image, 3, 3, kBlack));
-  EXPECT_TRUE(PixelIs(image, 5, 5, kBlack));
-  EXPECT_TRUE(PixelIs(image, 2, 2, kBlack));
-  EXPECT_TRUE(PixelIs(image, 30, 20, kBlack));
-  EXPECT_TRUE(PixelIs(image, 3, 4, kFace));
-  EXPECT_TRUE(PixelIs(image, 31, 20, kFace));
-  EXPECT_TRUE(PixelIs(image, 4, 4, 0xD1D1D1));  // the focus ring, inset 4
-  EXPECT_TRUE(PixelIs(image, 30, 4, 0xD1D1D1));
-  EXPECT_TRUE(PixelIs(image, 58, 38, kShadow));  // the rim is no bare face
-  EXPECT_TRUE(PixelIs(image, 1, 1, kLight));
-  EXPECT_TRUE(PixelIs(Render(1, {.focus = false}), 3, 3, kFace));
-}
-
-TEST(ButtonFocusMark, NeedsFocusRect) {
-  ButtonProperties props = new_button_properties(QString());
-  props.FocusRect = false;
-  const QImage image = redraw_button(props, ButtonState{false, false, true}, {60, 40}).image;
-  EXPECT_TRUE(PixelIs(image, 3, 3, kFace));
-  EXPECT_TRUE(PixelIs(image, 4, 4, kFace));
-}
-
-TEST(ButtonFocusMark, DotsOnATransparentFace) {
-  ButtonProperties props = new_button_properties(QString());
-  props.ButtonStyleColors = 0;
-  const QImage image = redraw_button(props, ButtonState{false, false, true}, {60, 40}).image;
-  EXPECT_TRUE(PixelIs(image, 3, 3, kBlack));
-  EXPECT_TRUE(PixelTransparent(image, 3, 4));
+  struct Case {
+    int mode;
+    std::vector<Probe> probes;
+  };
+  const Case cases[] = {
+      {0, {{30, 20, kClear}}},
+      {1, {{30, 20, RedToBlue(1)}}},
+      {2, {{1, 20, RedToBlue(1.5 / 60), 1}, {57, 20, RedToBlue(57.5 / 60), 1}}},
+      {3, {{30, 1, RedToBlue(38.5 / 40), 1}, {30, 37, RedToBlue(2.5 / 40), 1}}},
+      {4, {{30, 1, RedToBlue(1.5 / 20), 1}, {30, 19, RedToBlue(19.5 / 20), 1}, {30, 37, RedToBlue(2.5 / 20), 1}}},
+      {5, {{30, 1, RedToBlue(18.5 / 20), 1}, {30, 19, RedToBlue(0.5 / 20), 1}, {30, 37, RedToBlue(17.5 / 20), 1}}},
+      {6, {{1, 20, RedToBlue(1.5 / 30), 1}, {29, 20, RedToBlue(29.5 / 30), 1}, {57, 20, RedToBlue(2.5 / 30), 1}}},
+      {7, {{1, 20, RedToBlue(28.5 / 30), 1}, {29, 20, RedToBlue(0.5 / 30), 1}, {57, 20, RedToBlue(27.5 / 30), 1}}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(::testing::Message() << "mode " << c.mode);
+    ButtonProperties props = new_button_properties(QString());
+    props.ButtonStyle = 0;
+    props.ButtonStyleColors = c.mode;
+    props.BackColor = RedToBlue(0);
+    props.BackColorHover = RedToBlue(1);
+    ExpectPixels(redraw_button(props, ButtonState{false, true, false}, {60, 40}).image, c.probes);
+  }
 }
 
 TEST(ButtonFocusMark, Style4FramesTheCaption) {
   ButtonProperties props = new_button_properties(QString());
   apply_button_style(props, 4);
-  const QImage bare = redraw_button(props, ButtonState{false, false, true}, {60, 40}).image;
-  EXPECT_TRUE(PixelIs(bare, 3, 3, kFace));  // no caption: nothing at all
+  ExpectPixels(redraw_button(props, ButtonState{false, false, true}, {60, 40}).image, {{3, 3, kFace}});  // no caption
   props.Caption = "Ok";
   props.Font = QFont("DejaVu Sans");
   props.Font.setPixelSize(11);
   const ButtonFrame frame = redraw_button(props, ButtonState{false, false, true}, {60, 40});
   const QRect box = frame.caption_box;
   ASSERT_FALSE(box.isEmpty());
-  EXPECT_TRUE(PixelIs(frame.image, box.center().x(), box.top() - 2, 0xCC9999));
-  EXPECT_TRUE(PixelIs(frame.image, box.center().x(), box.bottom() + 2, 0xCC9999));
-  EXPECT_TRUE(PixelIs(frame.image, box.left() - 2, box.center().y(), 0xCC9999));
-  EXPECT_TRUE(PixelIs(frame.image, box.right() + 2, box.center().y(), 0xCC9999));
-  EXPECT_FALSE(PixelIs(frame.image, box.left() - 2, box.top() - 2, 0xCC9999));
-  EXPECT_TRUE(PixelIs(frame.image, 3, 3, kFace));
+  const int cx = box.center().x(), cy = box.center().y();
+  ExpectPixels(frame.image, {{cx, box.top() - 2, 0xCC9999},
+                             {cx, box.bottom() + 2, 0xCC9999},
+                             {box.left() - 2, cy, 0xCC9999},
+                             {box.right() + 2, cy, 0xCC9999},
+                             {box.left() - 2, box.top() - 2, kFace},  // the frame's corners are cut
+                             {3, 3, kFace}});
 }
 
 TEST(ButtonDropDown, ChevronsAtTheRightOrLeftEdge) {
   ButtonProperties props = new_button_properties(QString());
   props.DropDown = dropdown::kRight;
-  const QImage right = redraw_button(props, ButtonState{}, {80, 33}).image;
-  // Origin (80 - 21, 33/2 - 8) = (59, 8).
-  for (QPoint p : {QPoint(6, 5), QPoint(8, 7), QPoint(9, 8), QPoint(11, 6), QPoint(12, 5), QPoint(7, 5), QPoint(6, 9),
-                   QPoint(9, 12), QPoint(12, 9), QPoint(9, 11)}) {
-    EXPECT_TRUE(PixelIs(right, 59 + p.x(), 8 + p.y(), kBlack)) << p.x() << "," << p.y();
-  }
-  EXPECT_TRUE(PixelIs(right, 59 + 13, 8 + 4, kFace));  // lines stop short of their end
-  EXPECT_TRUE(PixelIs(right, 59 + 9, 8 + 10, kFace));
+  // Origin (80 - 21, 33/2 - 8) = (59, 8); lines stop short of their last point.
+  const std::vector<Probe> right = {{65, 13, kBlack}, {67, 15, kBlack}, {68, 16, kBlack}, {70, 14, kBlack},
+                                    {71, 13, kBlack}, {66, 13, kBlack}, {65, 17, kBlack}, {68, 20, kBlack},
+                                    {71, 17, kBlack}, {68, 19, kBlack}, {72, 12, kFace},  {68, 18, kFace}};
+  ExpectPixels(redraw_button(props, ButtonState{}, {80, 33}).image, right);
   props.DropDown = dropdown::kLeft;
-  const QImage left = redraw_button(props, ButtonState{}, {80, 33}).image;
-  EXPECT_TRUE(PixelIs(left, 2 + 6, 8 + 5, kBlack));
-  EXPECT_TRUE(PixelIs(left, 59 + 6, 8 + 5, kFace));
+  ExpectPixels(redraw_button(props, ButtonState{}, {80, 33}).image, {{8, 13, kBlack}, {65, 13, kFace}});
 }
 
 }  // namespace

@@ -1,3 +1,5 @@
+// The button's behaviour without a screen: each input's redraws, capture changes and raised
+// events, written as one line ("capture redraw MouseMove 0 1 10 12"), and the state flags after it.
 #include "controls/button_state_machine.h"
 
 #include <gtest/gtest.h>
@@ -5,149 +7,129 @@
 namespace velmora::controls {
 namespace {
 
-ButtonAction Redraw() {
-  return {ButtonActionKind::Redraw, {}};
-}
-ButtonAction Capture() {
-  return {ButtonActionKind::SetCapture, {}};
-}
-ButtonAction Release() {
-  return {ButtonActionKind::ReleaseCapture, {}};
-}
-ButtonAction Raise(ButtonEventKind kind, int a = 0, int b = 0, int c = 0, int d = 0) {
-  ButtonAction action{ButtonActionKind::Raise, {}};
-  action.event = {kind, {a, b, c, d}};
-  return action;
+std::string Text(const ButtonActions& actions) {
+  static const char* const kEvents[] = {"Click", "DblClick",  "KeyDown",   "KeyPress",
+                                        "KeyUp", "MouseDown", "MouseMove", "MouseUp"};
+  std::string out;
+  for (const ButtonAction& a : actions) {
+    if (!out.empty()) out += ' ';
+    switch (a.kind) {
+      case ButtonActionKind::Redraw: out += "redraw"; break;
+      case ButtonActionKind::SetCapture: out += "capture"; break;
+      case ButtonActionKind::ReleaseCapture: out += "release"; break;
+      case ButtonActionKind::Raise: {
+        const ButtonEvent& e = a.event;
+        out += kEvents[static_cast<int>(e.kind)];
+        const int count = e.kind == ButtonEventKind::Click || e.kind == ButtonEventKind::DblClick  ? 0
+                          : e.kind == ButtonEventKind::KeyPress                                    ? 1
+                          : e.kind == ButtonEventKind::KeyDown || e.kind == ButtonEventKind::KeyUp ? 2
+                                                                                                   : 4;
+        for (int i = 0; i < count; ++i) out += ' ' + std::to_string(e.args[i]);
+      }
+    }
+  }
+  return out;
 }
 
 class ButtonStateMachineTest : public ::testing::Test {
  protected:
-  ButtonProperties props = new_button_properties("Button1");
-  ButtonStateMachine machine;
-
-  void Enter() { machine.mouse_move(props, 0, 0, 10, 10, 80, 33); }
+  std::string Move(int button, int x, int y) { return Text(machine.mouse_move(props, button, 0, x, y, 80, 33)); }
   void FullClick() {
     machine.mouse_down(props, 1, 0, 10, 10);
     machine.mouse_up(props, 1, 0, 10, 10);
     machine.click(props);
   }
+  bool Pressed() const { return machine.state().Pressed; }
+  bool Hover() const { return machine.state().Hover; }
+
+  ButtonProperties props = new_button_properties("Button1");
+  ButtonStateMachine machine;
 };
 
-TEST_F(ButtonStateMachineTest, PointerEnteringTakesCaptureRedrawsAndRaisesMove) {
-  const ButtonActions actions = machine.mouse_move(props, 0, 1, 10, 12, 80, 33);
-  EXPECT_EQ(actions, (ButtonActions{Capture(), Redraw(), Raise(ButtonEventKind::MouseMove, 0, 1, 10, 12)}));
-  EXPECT_TRUE(machine.state().Hover);
+TEST_F(ButtonStateMachineTest, PointerComingAndGoing) {
+  EXPECT_EQ(Text(machine.mouse_move(props, 0, 1, 10, 12, 80, 33)), "capture redraw MouseMove 0 1 10 12");
+  EXPECT_TRUE(Hover());
   EXPECT_TRUE(machine.captured());
-}
-
-TEST_F(ButtonStateMachineTest, MovingInsideDoesNotRedraw) {
-  Enter();
-  const ButtonActions actions = machine.mouse_move(props, 0, 0, 20, 20, 80, 33);
-  EXPECT_EQ(actions, (ButtonActions{Capture(), Raise(ButtonEventKind::MouseMove, 0, 0, 20, 20)}));
-}
-
-TEST_F(ButtonStateMachineTest, InsideIncludesTheFarEdges) {
-  machine.mouse_move(props, 0, 0, 80, 33, 80, 33);
-  EXPECT_TRUE(machine.state().Hover);
-  machine.mouse_move(props, 0, 0, 81, 33, 80, 33);
-  EXPECT_FALSE(machine.state().Hover);
-  machine.mouse_move(props, 0, 0, 0, 0, 80, 33);
-  EXPECT_TRUE(machine.state().Hover);
-  machine.mouse_move(props, 0, 0, 5, -1, 80, 33);
-  EXPECT_FALSE(machine.state().Hover);
-}
-
-TEST_F(ButtonStateMachineTest, DraggingOffClearsPressedAndReleasesCapture) {
-  Enter();
-  machine.mouse_down(props, 1, 0, 10, 10);
-  ASSERT_TRUE(machine.state().Pressed);
-  const ButtonActions off = machine.mouse_move(props, 1, 0, 100, 10, 80, 33);
-  EXPECT_EQ(off, (ButtonActions{Release(), Redraw(), Raise(ButtonEventKind::MouseMove, 1, 0, 100, 10)}));
-  EXPECT_FALSE(machine.state().Pressed);
-  EXPECT_FALSE(machine.state().Hover);
+  EXPECT_EQ(Move(0, 80, 33), "capture MouseMove 0 0 80 33");  // the far edges are inside
+  EXPECT_EQ(Move(0, 81, 33), "release redraw MouseMove 0 0 81 33");
+  EXPECT_FALSE(Hover());
   EXPECT_FALSE(machine.captured());
+  Move(0, 0, 0);
+  EXPECT_TRUE(Hover());
+  Move(0, 5, -1);
+  EXPECT_FALSE(Hover());
+}
+
+TEST_F(ButtonStateMachineTest, PressDragOffReleaseAndComeBack) {
+  Move(0, 10, 10);
+  EXPECT_EQ(Text(machine.mouse_down(props, 1, 2, 3, 4)), "redraw MouseDown 1 2 3 4");
+  EXPECT_TRUE(Pressed());
+  EXPECT_EQ(Move(1, 100, 10), "release redraw MouseMove 1 0 100 10");
+  EXPECT_FALSE(Pressed());
+  EXPECT_FALSE(Hover());
   // Releasing outside takes the capture back and still reports the mouse up.
-  const ButtonActions up = machine.mouse_up(props, 1, 0, 100, 10);
-  EXPECT_EQ(up, (ButtonActions{Capture(), Redraw(), Raise(ButtonEventKind::MouseUp, 1, 0, 100, 10)}));
-}
-
-TEST_F(ButtonStateMachineTest, SlidingBackOnAHeldButtonDoesNotPressIt) {
-  Enter();
+  EXPECT_EQ(Text(machine.mouse_up(props, 1, 0, 100, 10)), "capture redraw MouseUp 1 0 100 10");
+  EXPECT_TRUE(machine.captured());
+  // Sliding back on a held button does not press it.
   machine.mouse_down(props, 1, 0, 10, 10);
-  machine.mouse_move(props, 1, 0, 100, 10, 80, 33);
-  machine.mouse_move(props, 1, 0, 10, 10, 80, 33);
-  EXPECT_TRUE(machine.state().Hover);
-  EXPECT_FALSE(machine.state().Pressed);
+  Move(1, 100, 10);
+  Move(1, 10, 10);
+  EXPECT_TRUE(Hover());
+  EXPECT_FALSE(Pressed());
+  EXPECT_EQ(Text(machine.mouse_up(props, 1, 2, 3, 4)), "redraw MouseUp 1 2 3 4");
 }
 
-TEST_F(ButtonStateMachineTest, MouseDownAndUp) {
-  Enter();
-  EXPECT_EQ(machine.mouse_down(props, 1, 2, 3, 4),
-            (ButtonActions{Redraw(), Raise(ButtonEventKind::MouseDown, 1, 2, 3, 4)}));
-  EXPECT_TRUE(machine.state().Pressed);
-  EXPECT_EQ(machine.mouse_up(props, 1, 2, 3, 4),
-            (ButtonActions{Redraw(), Raise(ButtonEventKind::MouseUp, 1, 2, 3, 4)}));
-  EXPECT_FALSE(machine.state().Pressed);
-  EXPECT_TRUE(machine.state().Hover);
-}
-
-TEST_F(ButtonStateMachineTest, PushButtonClickLeavesValue) {
-  Enter();
+TEST_F(ButtonStateMachineTest, ClicksOfPushAndToggleButtons) {
+  Move(0, 10, 10);
   machine.mouse_down(props, 1, 0, 1, 1);
   machine.mouse_up(props, 1, 0, 1, 1);
-  EXPECT_EQ(machine.click(props), (ButtonActions{Redraw(), Raise(ButtonEventKind::Click)}));
+  EXPECT_EQ(Text(machine.click(props)), "redraw Click");
   EXPECT_FALSE(props.Value);
-  EXPECT_FALSE(machine.state().Pressed);
-}
-
-TEST_F(ButtonStateMachineTest, ToggleFirstClickChecksSecondClears) {
+  EXPECT_FALSE(Pressed());
   props.ButtonType = kToggleButton;
-  Enter();
   FullClick();
   EXPECT_TRUE(props.Value);
-  EXPECT_TRUE(machine.state().Pressed);  // a checked toggle draws down
-  // The mouse up redraws the checked toggle down again, so the click finds it pressed.
+  EXPECT_TRUE(Pressed());  // a checked toggle draws down
+  // The mouse up redraws the checked toggle down again, so the second click finds it pressed and
+  // clears it; nothing lifts it until the pointer leaves or enters.
   FullClick();
   EXPECT_FALSE(props.Value);
-  // Nothing lifts it until the pointer leaves or enters.
-  EXPECT_TRUE(machine.state().Pressed);
-  machine.mouse_move(props, 0, 0, 200, 0, 80, 33);
-  EXPECT_FALSE(machine.state().Pressed);
-}
-
-TEST_F(ButtonStateMachineTest, CheckedToggleStaysDownWhenThePointerLeaves) {
-  props.ButtonType = kToggleButton;
+  EXPECT_TRUE(Pressed());
+  Move(0, 200, 0);
+  EXPECT_FALSE(Pressed());
+  // A checked toggle stays down when the pointer leaves.
   props.Value = true;
-  Enter();
-  machine.mouse_move(props, 0, 0, 200, 0, 80, 33);
-  EXPECT_TRUE(machine.state().Pressed);
+  Move(0, 10, 10);
+  Move(0, 200, 0);
+  EXPECT_TRUE(Pressed());
 }
 
 TEST_F(ButtonStateMachineTest, RedrawPressesACheckedToggleOnly) {
   props.Value = true;
   machine.redraw(props);
-  EXPECT_FALSE(machine.state().Pressed);  // a push button ignores Value
+  EXPECT_FALSE(Pressed());  // a push button ignores Value
   props.ButtonType = kToggleButton;
-  EXPECT_EQ(machine.redraw(props), ButtonActions{Redraw()});
-  EXPECT_TRUE(machine.state().Pressed);
+  EXPECT_EQ(Text(machine.redraw(props)), "redraw");
+  EXPECT_TRUE(Pressed());
 }
 
-TEST_F(ButtonStateMachineTest, DoubleClickPresses) {
-  EXPECT_EQ(machine.dbl_click(props), (ButtonActions{Redraw(), Raise(ButtonEventKind::DblClick)}));
-  EXPECT_TRUE(machine.state().Pressed);
-}
-
-TEST_F(ButtonStateMachineTest, OtherKeysOnlyReport) {
-  EXPECT_EQ(machine.key_down(props, 65, 2), ButtonActions{Raise(ButtonEventKind::KeyDown, 65, 2)});
-  EXPECT_FALSE(machine.state().Pressed);
-  EXPECT_EQ(machine.key_press(97), ButtonActions{Raise(ButtonEventKind::KeyPress, 97)});
-  EXPECT_EQ(machine.key_up(props, 65, 2), ButtonActions{Raise(ButtonEventKind::KeyUp, 65, 2)});
-}
-
-TEST_F(ButtonStateMachineTest, AnyKeyUpLiftsAPressedButton) {
-  machine.mouse_down(props, 1, 0, 1, 1);
-  EXPECT_EQ(machine.key_up(props, 65, 0), (ButtonActions{Redraw(), Raise(ButtonEventKind::KeyUp, 65, 0)}));
-  EXPECT_FALSE(machine.state().Pressed);
+TEST_F(ButtonStateMachineTest, DoubleClickAndKeys) {
+  EXPECT_EQ(Text(machine.dbl_click(props)), "redraw DblClick");
+  EXPECT_TRUE(Pressed());
+  EXPECT_EQ(Text(machine.key_up(props, 65, 0)), "redraw KeyUp 65 0");  // any key lifts it
+  EXPECT_FALSE(Pressed());
+  EXPECT_EQ(Text(machine.key_down(props, 65, 2)), "KeyDown 65 2");
+  EXPECT_EQ(Text(machine.key_press(97)), "KeyPress 97");
+  EXPECT_EQ(Text(machine.key_up(props, 65, 2)), "KeyUp 65 2");
+  // Enter and Space press it; releasing Enter leaves it down with a mouse down of zeros, and
+  // neither raises Click.
+  EXPECT_EQ(Text(machine.key_down(props, kKeyEnter, 0)), "redraw KeyDown 13 0");
+  EXPECT_EQ(Text(machine.key_up(props, kKeyEnter, 0)), "redraw redraw MouseDown 0 0 0 0 KeyUp 13 0");
+  EXPECT_TRUE(Pressed());
+  machine.key_up(props, 65, 0);
+  EXPECT_EQ(Text(machine.key_down(props, kKeySpace, 1)), "redraw KeyDown 32 1");
+  EXPECT_EQ(Text(machine.key_up(props, kKeySpace, 1)), "redraw KeyUp 32 1");
+  EXPECT_FALSE(Pressed());
 }
 
 TEST(HandCursor, ShowsWithFocusOrUnpressedHover) {
@@ -161,8 +143,7 @@ TEST(HandCursor, ShowsWithFocusOrUnpressedHover) {
   EXPECT_FALSE(wants_hand_cursor(props, state));
   state.HasFocus = true;
   EXPECT_TRUE(wants_hand_cursor(props, state));
-  state = {};
-  EXPECT_FALSE(wants_hand_cursor(props, state));
+  EXPECT_FALSE(wants_hand_cursor(props, ButtonState{}));
 }
 
 }  // namespace

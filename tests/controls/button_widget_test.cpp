@@ -1,14 +1,15 @@
 // The Button widget driven by synthetic Qt events: signals in order, the size rules, the window
-// mask, focus, the hand cursor, persistence and the drop side of drag and drop.
+// mask, focus, the hand cursor, persistence and drag and drop.
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
-#include <QMimeData>
 #include <QMouseEvent>
 
 #include "controls/button.h"
+#include "controls/drag_data.h"
+#include "controls/input_codes.h"
 #include "pixel_checks.h"
 
 namespace velmora::controls {
@@ -34,136 +35,121 @@ class ButtonWidgetTest : public ::testing::Test {
     QObject::connect(&button, &Button::mouseUp, mouse("MouseUp"));
   }
 
-  void Mouse(QEvent::Type type, QPoint at, Qt::MouseButton which = Qt::LeftButton,
-             Qt::MouseButtons held = Qt::LeftButton) {
+  void Mouse(QEvent::Type type, QPoint at, Qt::MouseButtons held = Qt::LeftButton) {
+    const Qt::MouseButton which = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
     QMouseEvent event(type, at, button.mapToGlobal(at), which, held, Qt::NoModifier);
     QCoreApplication::sendEvent(&button, &event);
   }
+  void Hover(QPoint at) { Mouse(QEvent::MouseMove, at, Qt::NoButton); }
+  void Release(QPoint at) { Mouse(QEvent::MouseButtonRelease, at, Qt::NoButton); }
   void Key(QEvent::Type type, int key, const QString& text) {
     QKeyEvent event(type, key, Qt::NoModifier, text);
     QCoreApplication::sendEvent(&button, &event);
   }
-  void ClickAt(QPoint at) {
-    Mouse(QEvent::MouseButtonPress, at);
-    Mouse(QEvent::MouseButtonRelease, at, Qt::LeftButton, Qt::NoButton);
+  void Focus(QEvent::Type type) {
+    QFocusEvent event(type);
+    QCoreApplication::sendEvent(&button, &event);
   }
 
   Button button;
   QStringList log;
 };
 
-TEST_F(ButtonWidgetTest, NewControlTakesItsNameAndSize) {
-  EXPECT_EQ(button.objectName(), "cmdStart");
+TEST_F(ButtonWidgetTest, NewControlTakesItsNameSizeAndFont) {
   EXPECT_EQ(button.Caption(), "cmdStart");
   EXPECT_EQ(button.size(), QSize(80, 33));
   EXPECT_EQ(button.font().family(), "Tahoma");
-  EXPECT_EQ(button.property("ButtonStyle").toInt(), 1);
   EXPECT_EQ(button.property("ForeColorHover").toUInt(), 0xFF0000u);
 }
 
-TEST_F(ButtonWidgetTest, SquareShapesAndMinimumSize) {
+TEST_F(ButtonWidgetTest, SquareShapesMinimumSizeAndWindowMask) {
+  EXPECT_TRUE(button.mask().isEmpty());
   button.setButtonShape(shape::kEllipse);
   EXPECT_EQ(button.size(), QSize(80, 80));
   button.resize(100, 50);
   EXPECT_EQ(button.size(), QSize(100, 100));
   button.resize(50, 100);
   EXPECT_EQ(button.size(), QSize(50, 50));
+  button.setButtonShape(shape::kDiamond);
+  EXPECT_FALSE(button.mask().contains(QPoint(0, 0)));
+  EXPECT_TRUE(button.mask().contains(QPoint(25, 25)));
   button.setButtonShape(shape::kRectangle);
+  EXPECT_TRUE(button.mask().isEmpty());
   button.resize(10, 10);
   EXPECT_EQ(button.size(), QSize(25, 25));
   button.resize(80, 20);
   EXPECT_EQ(button.size(), QSize(80, 25));
-  button.setButtonShape(12);  // unknown shapes are square too
+  button.setButtonShape(12);  // unknown shapes are square too, and clip nothing
   button.resize(60, 30);
   EXPECT_EQ(button.size(), QSize(60, 60));
-}
-
-TEST_F(ButtonWidgetTest, ShapeSetsTheWindowMask) {
-  EXPECT_TRUE(button.mask().isEmpty());
-  button.setButtonShape(shape::kDiamond);
-  EXPECT_FALSE(button.mask().isEmpty());
-  EXPECT_FALSE(button.mask().contains(QPoint(0, 0)));
-  EXPECT_TRUE(button.mask().contains(QPoint(40, 40)));
-  button.setButtonShape(12);
   EXPECT_TRUE(button.mask().isEmpty());
 }
 
-TEST_F(ButtonWidgetTest, MouseClickRaisesEventsInOrder) {
-  Mouse(QEvent::MouseMove, {10, 10}, Qt::NoButton, Qt::NoButton);
+TEST_F(ButtonWidgetTest, MouseEventsInOrder) {
+  Hover({10, 10});
   EXPECT_TRUE(button.state().Hover);
-  ClickAt({10, 10});
-  EXPECT_EQ(log, (QStringList{"MouseMove 0 0 10 10", "MouseDown 1 0 10 10", "MouseUp 1 0 10 10", "Click"}));
+  Mouse(QEvent::MouseButtonPress, {10, 10});
+  Release({10, 10});
   EXPECT_FALSE(button.state().Pressed);
+  // The release that ends a double click raises no second click.
+  Mouse(QEvent::MouseButtonDblClick, {5, 5});
+  Release({5, 5});
+  // A release off the control raises none either.
+  Mouse(QEvent::MouseButtonPress, {10, 10});
+  Mouse(QEvent::MouseMove, {200, 10});
+  EXPECT_FALSE(button.state().Pressed);
+  Release({200, 10});
+  EXPECT_EQ(log, (QStringList{"MouseMove 0 0 10 10", "MouseDown 1 0 10 10", "MouseUp 1 0 10 10", "Click", "DblClick",
+                              "MouseUp 1 0 5 5", "MouseDown 1 0 10 10", "MouseMove 1 0 200 10", "MouseUp 1 0 200 10"}));
 }
 
 TEST_F(ButtonWidgetTest, LeavingEndsTheHover) {
-  Mouse(QEvent::MouseMove, {10, 10}, Qt::NoButton, Qt::NoButton);
+  Hover({10, 10});
   ASSERT_TRUE(button.state().Hover);
   QEvent leave(QEvent::Leave);
   QCoreApplication::sendEvent(&button, &leave);
   EXPECT_FALSE(button.state().Hover);
 }
 
-TEST_F(ButtonWidgetTest, ReleaseOffTheControlRaisesNoClick) {
-  Mouse(QEvent::MouseMove, {10, 10}, Qt::NoButton, Qt::NoButton);
-  Mouse(QEvent::MouseButtonPress, {10, 10});
-  Mouse(QEvent::MouseMove, {200, 10});
-  EXPECT_FALSE(button.state().Pressed);
-  Mouse(QEvent::MouseButtonRelease, {200, 10}, Qt::LeftButton, Qt::NoButton);
-  EXPECT_EQ(log.last(), "MouseUp 1 0 200 10");
-  EXPECT_FALSE(log.contains("Click"));
-}
-
-TEST_F(ButtonWidgetTest, DoubleClickRaisesOneClick) {
-  ClickAt({5, 5});
-  Mouse(QEvent::MouseButtonDblClick, {5, 5});
-  Mouse(QEvent::MouseButtonRelease, {5, 5}, Qt::LeftButton, Qt::NoButton);
-  EXPECT_EQ(log, (QStringList{"MouseDown 1 0 5 5", "MouseUp 1 0 5 5", "Click", "DblClick", "MouseUp 1 0 5 5"}));
-}
-
-TEST_F(ButtonWidgetTest, ToggleChecksAndClears) {
-  button.setButtonType(kToggleButton);
-  ClickAt({10, 10});
-  EXPECT_TRUE(button.Value());
-  EXPECT_TRUE(button.state().Pressed);
-  ClickAt({10, 10});
-  EXPECT_FALSE(button.Value());
-}
-
-TEST_F(ButtonWidgetTest, EnterKeyLeavesItDownWithoutAClick) {
+TEST_F(ButtonWidgetTest, EnterLeavesItDownAndNeitherKeyClicks) {
   Key(QEvent::KeyPress, Qt::Key_Return, "\r");
   EXPECT_TRUE(button.state().Pressed);
   Key(QEvent::KeyRelease, Qt::Key_Return, "\r");
-  EXPECT_EQ(log, (QStringList{"KeyDown 13 0", "KeyPress 13", "MouseDown 0 0 0 0", "KeyUp 13 0"}));
   EXPECT_TRUE(button.state().Pressed);
-}
-
-TEST_F(ButtonWidgetTest, SpaceKeyRaisesNoClick) {
   Key(QEvent::KeyPress, Qt::Key_Space, " ");
   Key(QEvent::KeyRelease, Qt::Key_Space, " ");
-  EXPECT_EQ(log, (QStringList{"KeyDown 32 0", "KeyPress 32", "KeyUp 32 0"}));
   EXPECT_FALSE(button.state().Pressed);
+  EXPECT_EQ(log, (QStringList{"KeyDown 13 0", "KeyPress 13", "MouseDown 0 0 0 0", "KeyUp 13 0", "KeyDown 32 0",
+                              "KeyPress 32", "KeyUp 32 0"}));
+}
+
+TEST(InputCodes, KeysModifiersAndButtons) {
+  const std::pair<int, int> keys[] = {{Qt::Key_A, 65},   {Qt::Key_Z, 90},    {Qt::Key_0, 48},      {Qt::Key_9, 57},
+                                      {Qt::Key_F1, 112}, {Qt::Key_F24, 135}, {Qt::Key_Escape, 27}, {Qt::Key_Menu, 0}};
+  for (const auto& [key, code] : keys) EXPECT_EQ(virtual_key_code(key), code) << key;
+  EXPECT_EQ(shift_mask(Qt::ShiftModifier | Qt::AltModifier), 5);
+  EXPECT_EQ(shift_mask(Qt::ControlModifier), 2);
+  EXPECT_EQ(button_mask(Qt::RightButton | Qt::MiddleButton), 6);
+  EXPECT_EQ(button_mask(Qt::LeftButton), 1);
 }
 
 TEST_F(ButtonWidgetTest, FocusDrawsTheMark) {
   button.setCaption(QString());
-  QFocusEvent in(QEvent::FocusIn);
-  QCoreApplication::sendEvent(&button, &in);
+  Focus(QEvent::FocusIn);
   EXPECT_TRUE(button.state().HasFocus);
-  EXPECT_TRUE(testing::PixelIs(button.surface(), 3, 3, 0));
-  QFocusEvent out(QEvent::FocusOut);
-  QCoreApplication::sendEvent(&button, &out);
+  testing::ExpectPixels(button.surface(), {{3, 3, 0}});
+  Focus(QEvent::FocusOut);
   EXPECT_FALSE(button.state().HasFocus);
-  EXPECT_TRUE(testing::PixelIs(button.surface(), 3, 3, kSysButtonFace));
+  testing::ExpectPixels(button.surface(), {{3, 3, kSysButtonFace}});
 }
 
 TEST_F(ButtonWidgetTest, HandCursorOverTheControl) {
   button.setHandPointer(true);
   EXPECT_NE(button.cursor().shape(), Qt::PointingHandCursor);
-  Mouse(QEvent::MouseMove, {10, 10}, Qt::NoButton, Qt::NoButton);
+  Hover({10, 10});
   EXPECT_EQ(button.cursor().shape(), Qt::PointingHandCursor);
   button.setMousePointer(2);
-  Mouse(QEvent::MouseMove, {200, 10}, Qt::NoButton, Qt::NoButton);
+  Hover({200, 10});
   EXPECT_EQ(button.cursor().shape(), Qt::CrossCursor);
 }
 
@@ -182,7 +168,7 @@ TEST_F(ButtonWidgetTest, SettersReportTheChangedProperty) {
 
 TEST_F(ButtonWidgetTest, DesignModeIgnoresMoves) {
   button.setDesignMode(true);
-  Mouse(QEvent::MouseMove, {10, 10}, Qt::NoButton, Qt::NoButton);
+  Hover({10, 10});
   EXPECT_FALSE(button.state().Hover);
   EXPECT_TRUE(log.isEmpty());
 }
@@ -212,28 +198,40 @@ TEST_F(ButtonWidgetTest, DropsAreOfferedToTheForm) {
   button.setAcceptDrops(true);
   QMimeData data;
   data.setText("x");
-  int refuse = 0;
+  bool refuse = false;
   QStringList seen;
   QObject::connect(&button, &Button::oleDragOver, [&](const QMimeData*, int* effect, int, int, int x, int, int state) {
     seen << QString("over %1 %2 %3").arg(*effect).arg(x).arg(state);
-    if (refuse != 0) *effect = 0;
+    if (refuse) *effect = 0;
   });
   QObject::connect(&button, &Button::oleDragDrop, [&](const QMimeData* d, int* effect, int, int, int, int) {
     seen << QString("drop %1 %2").arg(*effect).arg(d->text());
     *effect = 2;
   });
-  QDragEnterEvent enter(QPoint(5, 6), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+  const Qt::DropActions both = Qt::CopyAction | Qt::MoveAction;
+  QDragEnterEvent enter(QPoint(5, 6), both, &data, Qt::LeftButton, Qt::NoModifier);
   QCoreApplication::sendEvent(&button, &enter);
   EXPECT_TRUE(enter.isAccepted());
-  refuse = 1;
-  QDragMoveEvent move(QPoint(7, 6), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+  EXPECT_EQ(enter.dropAction(), Qt::CopyAction);  // copy wins when both are offered
+  refuse = true;
+  QDragMoveEvent move(QPoint(7, 6), both, &data, Qt::LeftButton, Qt::NoModifier);
   QCoreApplication::sendEvent(&button, &move);
   EXPECT_FALSE(move.isAccepted());
-  QDropEvent drop(QPointF(7, 6), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QDropEvent drop(QPointF(7, 6), both, &data, Qt::LeftButton, Qt::NoModifier);
   QCoreApplication::sendEvent(&button, &drop);
   EXPECT_TRUE(drop.isAccepted());
   EXPECT_EQ(drop.dropAction(), Qt::MoveAction);
   EXPECT_EQ(seen, (QStringList{"over 3 5 0", "over 3 7 2", "drop 3 x"}));
+}
+
+// A promised format is listed before it has data.
+TEST(DragData, ListsAPromisedFormat) {
+  DragData data([](DragData*, const QString&) {});
+  data.promise("text/x-velmora");
+  data.promise("text/x-velmora");
+  EXPECT_TRUE(data.hasFormat("text/x-velmora"));
+  EXPECT_FALSE(data.hasFormat("text/plain"));
+  EXPECT_EQ(data.formats(), QStringList{"text/x-velmora"});
 }
 
 }  // namespace

@@ -1,7 +1,12 @@
+// Saving and restoring the controls: the property bag and its text form, the colour values, and
+// the button's and label's keys, defaults and round trips.
 #include "controls/property_bag.h"
 
 #include <gtest/gtest.h>
 
+#include "controls/button_persistence.h"
+#include "controls/button_presets.h"
+#include "controls/label_persistence.h"
 #include "controls/ole_color.h"
 
 namespace velmora::controls {
@@ -53,8 +58,7 @@ TEST(PropertyBag, TextRoundTripKeepsEveryKind) {
   bag.write("Font", font);
   const QString text = bag.to_text();
   EXPECT_TRUE(
-      text.startsWith("BackColor = 2147483663\nFocusRect = False\nCaption = \"Say "
-                      "\\\"hi\\\"\\\\\\nnext\\tline\"\n"));
+      text.startsWith("BackColor = 2147483663\nFocusRect = False\nCaption = \"Say \\\"hi\\\"\\\\\\nnext\\tline\"\n"));
   const PropertyBagParse parsed = parse_property_bag(text);
   ASSERT_TRUE(parsed.ok()) << parsed.error.toStdString();
   EXPECT_EQ(parsed.bag.keys(), bag.keys());
@@ -72,6 +76,7 @@ TEST(PropertyBag, ParseStopsAtTheFirstBadLine) {
   EXPECT_EQ(parsed.bag.keys(), QStringList{"ButtonShape"});
   EXPECT_FALSE(parse_property_bag("= 4").ok());
   EXPECT_FALSE(parse_property_bag("Value = maybe").ok());
+  EXPECT_FALSE(parse_property_bag("Caption = \"a\\\"").ok());  // the backslash takes the closing quote
   EXPECT_TRUE(parse_property_bag("Value = true\n  \n").ok());
 }
 
@@ -86,6 +91,116 @@ TEST(OleColor, TranslatesSystemColoursThroughTheFixedPalette) {
   EXPECT_EQ(translate_color(0x01336699), 0x336699u);
   EXPECT_EQ(to_rgb(0x00FF8040), qRgb(0x40, 0x80, 0xFF));  // bytes are red, green, blue from the low end
   EXPECT_EQ(ole_from_qcolor(QColor(0x40, 0x80, 0xFF)), 0x00FF8040u);
+}
+
+QFont HostFont() {
+  return QFont("DejaVu Sans", 9);
+}
+
+TEST(ButtonPersistence, OnlyChangedValuesAreWrittenAndAnEmptyBagReadsTheDefaults) {
+  ButtonProperties props = new_button_properties("Button1");
+  props.Font = HostFont();
+  PropertyBag bag;
+  write_button_properties(props, "Button1", HostFont(), bag);
+  EXPECT_TRUE(bag.keys().isEmpty()) << bag.to_text().toStdString();
+  props.Font = new_button_font();
+  props.MousePointer = 99;
+  props.Caption = "Start!";
+  props.ButtonShape = 3;
+  props.BackColorHover = 0x123456;
+  write_button_properties(props, "Button1", HostFont(), bag);
+  EXPECT_EQ(bag.keys(), (QStringList{"ButtonShape", "BackColorHover", "Caption", "Font", "MousePointer"}));
+  // What an empty bag reads is what writing leaves out.
+  const ButtonProperties read = read_button_properties(PropertyBag(), "cmdNext", HostFont());
+  EXPECT_EQ(read.Caption, "cmdNext");
+  EXPECT_EQ(read.Font, HostFont());
+  PropertyBag again;
+  write_button_properties(read, "cmdNext", HostFont(), again);
+  EXPECT_TRUE(again.keys().isEmpty()) << again.to_text().toStdString();
+}
+
+// Every property differs from its default (and the colours from what the presets would write),
+// so reading and writing again gives the same text, key by key.
+TEST(ButtonPersistence, EveryPropertyRoundTripsThroughTextWithoutThePresets) {
+  ButtonProperties p = new_button_properties("Button1");
+  p.ButtonShape = 9;
+  apply_button_style(p, 7);
+  apply_button_theme(p, 2);
+  p.BorderColorPressed = 0x0D0E0F;
+  p.ButtonStyleColors = 6;
+  p.ButtonType = 1;
+  p.CaptionAlignment = 4;
+  p.CaptionEffect = 3;
+  p.CaptionStyle = 2;
+  p.DropDown = 2;
+  p.PictureAlignment = 1;
+  p.ForeColor = 0x010203;
+  p.ForeColorPressed = 0x040506;
+  p.ForeColorHover = 0x070809;
+  p.EffectColor = 0x0A0B0C;
+  p.Caption = "Next >>";
+  p.FocusRect = false;
+  p.Value = p.HandPointer = p.PictureGray = true;
+  p.Picture = QImage(4, 4, QImage::Format_ARGB32);
+  p.Picture.fill(qRgba(1, 2, 3, 255));
+  p.Enabled = false;
+  p.Font = QFont("DejaVu Serif", 12);
+  p.MouseIcon = QImage(2, 2, QImage::Format_ARGB32);
+  p.MouseIcon.fill(qRgba(9, 9, 9, 255));
+  p.MousePointer = 99;
+  PropertyBag bag;
+  write_button_properties(p, "Button1", HostFont(), bag);
+  const PropertyBagParse parsed = parse_property_bag(bag.to_text());
+  ASSERT_TRUE(parsed.ok());
+  const ButtonProperties r = read_button_properties(parsed.bag, "Button1", HostFont());
+  PropertyBag again;
+  write_button_properties(r, "Button1", HostFont(), again);
+  EXPECT_EQ(again.keys().join(','),
+            "ButtonShape,ButtonStyle,ButtonStyleColors,ButtonTheme,ButtonType,CaptionAlignment,"
+            "CaptionEffect,CaptionStyle,DropDown,PictureAlignment,BackColor,BackColorPressed,"
+            "BackColorHover,BorderColor,BorderColorPressed,BorderColorHover,ForeColor,"
+            "ForeColorPressed,ForeColorHover,EffectColor,Caption,FocusRect,Value,HandPointer,"
+            "Picture,PictureGray,Enabled,Font,MouseIcon,MousePointer");
+  EXPECT_EQ(again.to_text(), bag.to_text());
+  EXPECT_EQ(r.BorderColorPressed, 0x0D0E0Fu);
+  EXPECT_EQ(r.Picture.convertToFormat(QImage::Format_ARGB32), p.Picture);
+  EXPECT_EQ(r.Font, p.Font);
+}
+
+// The label writes its doubled keys once; the fore colour kept is the one set, not the gray.
+TEST(LabelPersistence, KeysAndRoundTrip) {
+  EXPECT_EQ(label_property_keys().join(','),
+            "Caption,Alignment,RightToLeft,Enabled,ForeColor,Font,BackColor,BorderStyle,BackStyle,"
+            "BackStyle,BorderStyle,AutoSize,WordWrap,MousePointer,MouseIcon,MousePointer,"
+            "PathEllipsis,UseMnemonic");
+  LabelProperties p;
+  p.Caption = "Output &folder";
+  p.Alignment = 2;
+  p.RightToLeft = p.WordWrap = p.PathEllipsis = true;
+  set_label_fore_color(p, 0x123456);
+  set_label_enabled(p, false);
+  p.Font = QFont("DejaVu Serif", 12);
+  p.BackColor = 0x654321;
+  p.BackStyle = kBackTransparent;
+  p.BorderStyle = kBorderFixedSingle;
+  p.AutoSize = p.UseMnemonic = false;
+  p.MousePointer = 3;
+  p.MouseIcon = QImage(2, 2, QImage::Format_ARGB32);
+  p.MouseIcon.fill(qRgba(9, 9, 9, 255));
+  PropertyBag bag;
+  write_label_properties(p, "lbl", HostFont(), bag);
+  EXPECT_EQ(bag.keys().size(), 15);
+  const PropertyBagParse parsed = parse_property_bag(bag.to_text());
+  ASSERT_TRUE(parsed.ok());
+  const LabelProperties r = read_label_properties(parsed.bag, "lbl", HostFont());
+  PropertyBag again;
+  write_label_properties(r, "lbl", HostFont(), again);
+  EXPECT_EQ(again.to_text(), bag.to_text());
+  EXPECT_FALSE(r.Enabled);
+  EXPECT_EQ(r.EnabledForeColor, 0x123456u);
+  EXPECT_EQ(r.BackStyle, kBackTransparent);
+  EXPECT_EQ(r.BorderStyle, kBorderFixedSingle);
+  EXPECT_EQ(r.MousePointer, 3);
 }
 
 }  // namespace
