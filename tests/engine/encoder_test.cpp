@@ -1,41 +1,39 @@
-// Save flags and the choice of a multipage file.
-#include <gtest/gtest.h>
-
+// Save flags per output format.
 #include "engine/encoder.h"
+
+#include <FreeImage.h>
+#include <gtest/gtest.h>
 
 namespace velmora::engine {
 namespace {
 
-OutputChoices Choices(std::int16_t format, std::int16_t depth = 0, std::int16_t compression = 0,
-                      std::int16_t quality = 90) {
+std::int32_t Flags(std::int32_t before, std::int16_t format, std::int16_t depth = 0, std::int16_t compression = 0,
+                   std::int16_t quality = 90) {
   OutputChoices output;
   output.OutputFormat = format;
   output.ColorDepth = depth;
   output.CompressionIndex = compression;
   output.Quality = quality;
-  return output;
+  return NextSaveFlags(before, output);
 }
 
 TEST(SaveFlags, JpegTakesTheQualityAndZeroBecomesOne) {
-  EXPECT_EQ(NextSaveFlags(0, Choices(1, 0, 0, 90)), 90);
-  EXPECT_EQ(NextSaveFlags(0, Choices(1, 0, 0, 0)), 1);
+  EXPECT_EQ(Flags(0, 1, 0, 0, 90), 90);
+  EXPECT_EQ(Flags(0, 1, 0, 0, 0), 1);
 }
 
-TEST(SaveFlags, TiffOrsCompressionIntoWhatCameBefore) {
-  EXPECT_EQ(NextSaveFlags(0, Choices(5, 5, 6)), 0x4001);  // CMYK with LZW
-  EXPECT_EQ(NextSaveFlags(0, Choices(5, 1, 7)), 0);       // "JPEG" row adds nothing
-  const std::int32_t first = NextSaveFlags(0, Choices(5, 1, 1));
-  EXPECT_EQ(first, 0x0100);
-  EXPECT_EQ(NextSaveFlags(first, Choices(5, 1, 1)), 0x0100);   // or-ing again changes nothing
-  EXPECT_EQ(NextSaveFlags(0x4000, Choices(5, 1, 2)), 0x4200);  // earlier bits stay
+// The window lists the compressions under the library's names; its "JPEG" row adds nothing.
+TEST(SaveFlags, TiffOrsTheCompressionIntoWhatCameBeforeAndCmykReplacesIt) {
+  const std::int32_t named[] = {TIFF_NONE,      TIFF_PACKBITS,  TIFF_DEFLATE, TIFF_ADOBE_DEFLATE,
+                                TIFF_CCITTFAX3, TIFF_CCITTFAX4, TIFF_LZW,     0};
+  for (std::int16_t i = 0; i < 8; ++i) EXPECT_EQ(Flags(TIFF_JPEG, 5, 1, i), TIFF_JPEG | named[i]) << i;
+  EXPECT_EQ(Flags(TIFF_DEFLATE, 5, 5, 6), TIFF_CMYK | TIFF_LZW);
 }
 
 TEST(SaveFlags, ExrAndGifAlwaysZeroOthersUntouched) {
-  EXPECT_EQ(NextSaveFlags(77, Choices(6, 0, 2)), 0);  // "PIZ" chosen, flags 0 all the same
-  EXPECT_EQ(NextSaveFlags(77, Choices(2)), 0);
-  EXPECT_EQ(NextSaveFlags(77, Choices(0)), 77);
-  EXPECT_EQ(NextSaveFlags(77, Choices(3)), 77);
-  EXPECT_EQ(NextSaveFlags(77, Choices(4)), 77);
+  EXPECT_EQ(Flags(77, 6, 0, 2), 0);  // "PIZ" chosen, flags 0 all the same
+  EXPECT_EQ(Flags(77, 2), 0);
+  for (const std::int16_t format : {0, 3, 4}) EXPECT_EQ(Flags(77, format), 77) << format;
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // The preview's fit rule and the thumbnail index text.
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "engine/html_index.h"
 #include "engine/preview_fit.h"
 #include "tests/support/test_support.h"
@@ -8,31 +10,22 @@
 namespace velmora::engine {
 namespace {
 
-TEST(FitPreview, WideAndSquarePagesFitTheWidth) {
-  const FitResult wide = FitPreview(800, 400, 400, 300);
-  EXPECT_TRUE(wide.rescale);
-  EXPECT_EQ(wide.width, 400);
-  EXPECT_EQ(wide.height, 200);
-  const FitResult square = FitPreview(500, 500, 400, 300);
-  EXPECT_EQ(square.width, 400);  // a square page follows the width even when taller than the frame
-  EXPECT_EQ(square.height, 400);
-}
-
-TEST(FitPreview, TallPagesFitTheHeight) {
-  const FitResult tall = FitPreview(300, 600, 400, 300);
-  EXPECT_TRUE(tall.rescale);
-  EXPECT_EQ(tall.width, 150);
-  EXPECT_EQ(tall.height, 300);
-}
-
-TEST(FitPreview, WidePageTallerThanFrameFitsTheWidth) {
-  const FitResult fit = FitPreview(350, 340, 400, 300);
-  EXPECT_EQ(fit.width, 400);   // never mind that this enlarges: the rule says so
-  EXPECT_EQ(fit.height, 389);  // 340/350 of 400 is 388.57
-}
-
-TEST(FitPreview, SmallPagesAreNeverEnlarged) {
-  EXPECT_FALSE(FitPreview(100, 50, 400, 300).rescale);
+// The first rule that holds decides, even where it enlarges the page.
+TEST(FitPreview, PagesLargerThanTheFrameFitOneSide) {
+  // page and frame sizes, then the fitted size; 0 x 0 when the page keeps its size
+  const std::array<int, 6> cases[] = {
+      {800, 400, 400, 300, 400, 200}, {500, 500, 400, 300, 400, 400},  // wide and square: the width
+      {300, 600, 400, 300, 150, 300},                                  // tall: the height
+      {350, 340, 400, 300, 400, 389},  // wide, taller than the frame: the width (388.57)
+      {500, 600, 400, 700, 583, 700},  // tall, wider than the frame only: the height (583.33)
+      {100, 50, 400, 300, 0, 0},       // smaller than the frame
+  };
+  for (const auto& [width, height, frame_width, frame_height, fit_width, fit_height] : cases) {
+    const FitResult fit = FitPreview(width, height, frame_width, frame_height);
+    EXPECT_EQ(fit.rescale, fit_width != 0) << width << " x " << height;
+    EXPECT_EQ(fit.width, fit_width) << width << " x " << height;
+    EXPECT_EQ(fit.height, fit_height) << width << " x " << height;
+  }
 }
 
 TEST(HtmlIndex, FourCellsGiveOneClosedRowAndOneOpenRow) {
