@@ -52,9 +52,7 @@ TEST(WatermarkFont, MissingOrBadFieldsKeepTheirValues) {
 TEST(WatermarkFont, ABarInTheFaceShiftsLaterFields) {
   FontState font;
   ParseWatermarkFont(font, "0|False|False|False|A|B|12|True");
-  EXPECT_EQ(font.FontFace, "A");
-  EXPECT_EQ(font.FontSize, 0);      // "B" has no digits
-  EXPECT_EQ(font.FontBold, kTrue);  // "12" read as a boolean
+  EXPECT_EQ(font, (FontState{0, kFalse, kFalse, kFalse, "A", 0, kTrue}));  // "B" is no size, "12" a boolean
 }
 
 }  // namespace
