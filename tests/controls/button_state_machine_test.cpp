@@ -10,23 +10,19 @@ namespace {
 std::string Text(const ButtonActions& actions) {
   static const char* const kEvents[] = {"Click", "DblClick",  "KeyDown",   "KeyPress",
                                         "KeyUp", "MouseDown", "MouseMove", "MouseUp"};
+  static const int kArgs[] = {0, 0, 2, 1, 2, 4, 4, 4};
   std::string out;
   for (const ButtonAction& a : actions) {
-    if (!out.empty()) out += ' ';
-    switch (a.kind) {
-      case ButtonActionKind::Redraw: out += "redraw"; break;
-      case ButtonActionKind::SetCapture: out += "capture"; break;
-      case ButtonActionKind::ReleaseCapture: out += "release"; break;
-      case ButtonActionKind::Raise: {
-        const ButtonEvent& e = a.event;
-        out += kEvents[static_cast<int>(e.kind)];
-        const int count = e.kind == ButtonEventKind::Click || e.kind == ButtonEventKind::DblClick  ? 0
-                          : e.kind == ButtonEventKind::KeyPress                                    ? 1
-                          : e.kind == ButtonEventKind::KeyDown || e.kind == ButtonEventKind::KeyUp ? 2
-                                                                                                   : 4;
-        for (int i = 0; i < count; ++i) out += ' ' + std::to_string(e.args[i]);
-      }
+    out += out.empty() ? "" : " ";
+    if (a.kind != ButtonActionKind::Raise) {
+      out += a.kind == ButtonActionKind::Redraw       ? "redraw"
+             : a.kind == ButtonActionKind::SetCapture ? "capture"
+                                                      : "release";
+      continue;
     }
+    const int kind = static_cast<int>(a.event.kind);
+    out += kEvents[kind];
+    for (int i = 0; i < kArgs[kind]; ++i) out += ' ' + std::to_string(a.event.args[i]);
   }
   return out;
 }
