@@ -1,6 +1,8 @@
 // PreviewNow2 over a recording view: the source box, the preview run and the fit of the boxes.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "engine/paths.h"
 #include "preview/preview_now.h"
 #include "preview/viewer_target.h"
@@ -10,26 +12,16 @@
 namespace velmora::preview {
 namespace {
 
-// The shared recording view for the run's outputs, with counters for the source box, and boxes
-// of the window's design size.
+// The shared recording view for the run's outputs, with the source box's calls; both boxes of
+// the window's design size.
 class RecordingPreviewView : public testing::RecordingViewOf<PreviewView> {
  public:
-  RecordingPreviewView() {
-    frame_width = 215;
-    frame_height = 191;
-  }
-  int original_shown = 0, no_original = 0, cleared = 0;
+  RecordingPreviewView() { frame_width = 215, frame_height = 191; }
+  int original_shown = 0, no_original = 0, cleared = 0, original_top = 0, original_left = 0;
   imaging::DisplayPicture original;
-  int original_top = 0, original_left = 0;
-  void OriginalFrameSize(int& width, int& height) override {
-    width = 215;
-    height = 191;
-  }
+  void OriginalFrameSize(int& width, int& height) override { width = 215, height = 191; }
   void ShowOriginal(const imaging::DisplayPicture& picture, int top, int left) override {
-    original = picture;
-    original_top = top;
-    original_left = left;
-    ++original_shown;
+    original = picture, original_top = top, original_left = left, ++original_shown;
   }
   void ShowNoOriginal() override { ++no_original; }
   void ClearBoth() override { ++cleared; }
@@ -44,108 +36,78 @@ class PreviewNowTest : public ::testing::Test {
   }
   testing::TempFolder data;
   engine::AppState state;
-  RecordingPreviewView view;
 };
 
 const std::string kWorker = VELMORA_BINARY_DIR "/app/velmora-worker";
 
+// Larger pictures wider than tall take the box's width, taller ones its height, squares the
+// width (clipped at top and bottom); one wider than tall, narrower than the box but higher, is
+// enlarged to the box's width; the rest keep their size.
 TEST(FitSourceBox, TheRuleOfTheBoxes) {
-  EXPECT_FALSE(FitSourceBox(100, 100, 215, 191).rescale);
-  EXPECT_FALSE(FitSourceBox(215, 191, 215, 191).rescale);  // exactly the box
-  const BoxFit square = FitSourceBox(300, 300, 215, 191);
-  EXPECT_TRUE(square.rescale);
-  EXPECT_EQ(square.width, 215);
-  EXPECT_EQ(square.height, 215);  // clipped at top and bottom
-  const BoxFit wide = FitSourceBox(400, 100, 215, 191);
-  EXPECT_EQ(wide.width, 215);
-  EXPECT_EQ(wide.height, 54);
-  const BoxFit tall = FitSourceBox(100, 400, 215, 191);
-  EXPECT_EQ(tall.width, 48);
-  EXPECT_EQ(tall.height, 191);
-  // Wider than tall, narrower than the box but higher: line 4 enlarges it to the box's width.
-  const BoxFit line4 = FitSourceBox(210, 200, 215, 191);
-  EXPECT_EQ(line4.width, 215);
-  EXPECT_EQ(line4.height, 205);
-  // A square higher than the box but not wider matches no line.
-  EXPECT_FALSE(FitSourceBox(200, 200, 215, 191).rescale);
-}
-
-TEST(CentreInBox, PicturesStandInTheMiddle) {
-  int top = 0, left = 0;
-  CentreInBox(100, 100, 215, 191, top, left);
-  EXPECT_EQ(top, 46);   // 95.5 - 50 = 45.5, to the even neighbour
-  EXPECT_EQ(left, 58);  // 107.5 - 50 = 57.5
-  CentreInBox(215, 215, 215, 191, top, left);
-  EXPECT_EQ(top, -12);
-  EXPECT_EQ(left, 0);
-}
-
-TEST_F(PreviewNowTest, AnEmptyListClearsBothBoxes) {
-  PreviewNow2(state, engine::SourceList{}, view);
-  EXPECT_EQ(view.cleared, 1);
-  EXPECT_EQ(view.pictures_shown, 0);
-  EXPECT_EQ(state.preview.PreviewMode, engine::kFalse);
-}
-
-TEST_F(PreviewNowTest, TheSelectedImageIsShownAndConvertedIntoThePreviewFile) {
-  const std::string source = data.file("photo.jpg");
-  ASSERT_TRUE(samples::WritePhotoJpeg(source, 100, 100));
-  engine::Block mirror = engine::NewBlock(engine::kMirror);
-  state.blocks = engine::Blocks({mirror});
-  state.output.OutputFormat = 3;  // PNG, in spite of the file's name
-  PreviewNow2(state, engine::SourceList{{source}, 0}, view);
-
-  EXPECT_EQ(view.original_shown, 1);
-  EXPECT_EQ(view.original.width, 100u);
-  EXPECT_EQ(view.original_top, 46);
-  EXPECT_EQ(view.original_left, 58);
-  EXPECT_EQ(view.pictures_shown, 1);
-  EXPECT_EQ(view.picture.width, 100u);
-  EXPECT_EQ(view.wait_labels.front(), "0%");
-  EXPECT_EQ(view.wait_labels.back(), "100%");
-  EXPECT_FALSE(view.wait_shown);
-  const testing::ImageFacts facts = testing::ReadImageFacts(PreviewFilePath(state));
-  EXPECT_TRUE(facts.readable);
-  EXPECT_EQ(facts.format, 13);  // PNG
-  EXPECT_EQ(state.WrittenFiles.UpperBound(), 1);
-  EXPECT_EQ(state.WrittenFiles[0], PreviewFilePath(state));
-  EXPECT_EQ(state.preview.PreviewMode, engine::kFalse);
-  EXPECT_EQ(view.LastStatus(), "Completed.");
-}
-
-// In this process and in a worker process alike.
-TEST_F(PreviewNowTest, ALargeImageIsFittedInBothBoxes) {
-  const std::string source = data.file("wide.jpg");
-  ASSERT_TRUE(samples::WritePhotoJpeg(source, 860, 430));
-  std::vector<std::vector<std::uint8_t>> pixels;
-  for (const engine::WorkerLimits& workers : {engine::WorkerLimits{}, engine::WorkerLimits{kWorker}}) {
-    RecordingPreviewView view;
-    PreviewNow2(state, engine::SourceList{{source}, 0}, view, workers);
-    EXPECT_EQ(view.original.width, 215u);
-    EXPECT_EQ(view.original.height, 108u);
-    EXPECT_EQ(view.picture.width, 215u);
-    EXPECT_EQ(view.picture.height, 108u);
-    pixels.push_back(view.original.rgba);
-    pixels.push_back(view.picture.rgba);
+  constexpr std::tuple<int, int, int, int> kFits[] = {{100, 100, 0, 0},     {215, 191, 0, 0},    {200, 200, 0, 0},
+                                                      {300, 300, 215, 215}, {400, 100, 215, 54}, {100, 400, 48, 191},
+                                                      {210, 200, 215, 205}};  // width, height, and the fit (0: none)
+  for (const auto& [width, height, fit_width, fit_height] : kFits) {
+    const BoxFit fit = FitSourceBox(width, height, 215, 191);
+    EXPECT_EQ(std::tuple(fit.rescale, fit.rescale ? fit.width : 0, fit.rescale ? fit.height : 0),
+              std::tuple(fit_width != 0, fit_width, fit_height))
+        << width << " x " << height;
   }
-  EXPECT_TRUE(pixels[0] == pixels[2] && pixels[1] == pixels[3]);
 }
 
-// A source that FreeImage crashes on is read only by a worker process, which dies in its place.
-TEST_F(PreviewNowTest, AnUnreadableOrCrashingSourceShowsNoImageAboveAndStillRuns) {
+// The source centred in the upper box (95.5 - 50 and 107.5 - 50 to the even neighbour; a square
+// larger than the box clipped at top and bottom), and converted into the preview file shown in
+// the lower one: in this process and in a worker process alike.
+TEST_F(PreviewNowTest, TheSelectedImageIsShownCentredAndConvertedIntoThePreviewFile) {
+  ASSERT_TRUE(samples::WritePhotoJpeg(data.file("small.jpg"), 100, 100));
+  ASSERT_TRUE(samples::WritePhotoJpeg(data.file("large.jpg"), 430, 430));
+  state.blocks = engine::Blocks({engine::NewBlock(engine::kMirror)});
+  state.output.OutputFormat = 3;  // PNG, in spite of the file's name
+  const std::tuple<const char*, bool, unsigned, int, int> kCases[] = {
+      {"small.jpg", false, 100, 46, 58}, {"large.jpg", false, 215, -12, 0}, {"large.jpg", true, 215, -12, 0}};
+  std::vector<std::vector<std::uint8_t>> pixels;
+  for (const auto& [name, worker, size, top, left] : kCases) {
+    RecordingPreviewView view;
+    PreviewNow2(state, engine::SourceList{{data.file(name)}, 0}, view,
+                worker ? engine::WorkerLimits{kWorker} : engine::WorkerLimits{});
+    EXPECT_EQ(std::tuple(view.original_shown, view.original.width, view.original.height, view.original_top,
+                         view.original_left),
+              std::tuple(1, size, size, top, left))
+        << name;
+    EXPECT_EQ(std::tuple(view.pictures_shown, view.picture.width, view.picture.height, view.wait_shown),
+              std::tuple(1, size, size, false));
+    EXPECT_EQ(view.wait_labels.front() + view.wait_labels.back(), "0%100%");
+    EXPECT_EQ(testing::ReadImageFacts(PreviewFilePath(state)).format, 13);  // PNG
+    EXPECT_EQ(state.WrittenFiles.Entries(), std::vector<std::string>{PreviewFilePath(state)});
+    EXPECT_EQ(std::tuple(state.preview.PreviewMode, view.LastStatus()), std::tuple(engine::kFalse, "Completed."));
+    pixels.insert(pixels.end(), {view.original.rgba, view.picture.rgba});
+  }
+  EXPECT_TRUE(pixels[2] == pixels[4] && pixels[3] == pixels[5]);
+}
+
+// No selected row clears both boxes; an unreadable source shows "No Image" above and the run
+// still goes on. A source that FreeImage crashes on is read only by a worker process, which dies
+// in its place.
+TEST_F(PreviewNowTest, WithoutAReadableSourceNoPictureIsShown) {
   const std::string broken = data.file("broken.jpg");
   testing::WriteWholeFile(broken, "not really a picture");
   const std::string crashing = VELMORA_SOURCE_DIR "/tests/fuzz/corpus/crafted/psd_huge_dims.psd";
-  const std::pair<std::string, engine::WorkerLimits> cases[] = {
-      {broken, {}}, {broken, {kWorker}}, {crashing, {kWorker}}};
-  for (const auto& [source, workers] : cases) {
-    SCOPED_TRACE(source);
+  // The source (none: no rows), the selected row, whether a worker reads it, and whether both
+  // boxes are cleared rather than the upper one showing "No Image".
+  const std::tuple<const char*, int, bool, bool> kCases[] = {
+      {nullptr, 0, false, true},         {broken.c_str(), -1, false, true},
+      {broken.c_str(), 1, false, true},  {"", 0, false, true},
+      {broken.c_str(), 0, false, false}, {broken.c_str(), 0, true, false},
+      {crashing.c_str(), 0, true, false}};
+  for (const auto& [source, selected, worker, cleared] : kCases) {
     RecordingPreviewView view;
-    PreviewNow2(state, engine::SourceList{{source}, 0}, view, workers);
-    EXPECT_EQ(view.no_original, 1);
-    EXPECT_EQ(view.original_shown, 0);
-    EXPECT_EQ(view.pictures_shown, 0);
-    EXPECT_EQ(view.LastStatus(), "Completed.");
+    const std::vector<std::string> rows = source ? std::vector<std::string>{source} : std::vector<std::string>{};
+    PreviewNow2(state, engine::SourceList{rows, selected}, view,
+                worker ? engine::WorkerLimits{kWorker} : engine::WorkerLimits{});
+    EXPECT_EQ(std::tuple(view.cleared, view.no_original, view.original_shown, view.pictures_shown),
+              std::tuple(cleared ? 1 : 0, cleared ? 0 : 1, 0, 0))
+        << (source ? source : "no rows") << " " << selected;
+    EXPECT_EQ(view.LastStatus(), cleared ? "" : "Completed.");
   }
 }
 

@@ -1,6 +1,8 @@
 // The Timer2 pass: when it starts a worker, and which marks it keeps, clears or loses.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "preview/preview_pass.h"
 
 namespace velmora::preview {
@@ -9,61 +11,41 @@ namespace {
 class FakeHost : public PreviewHost {
  public:
   bool pane = true, run_page = false;
-  std::string selected = "/a.jpg";
   int starts = 0, event_runs = 0;
   engine::PreviewFlags* flags = nullptr;
   bool PreviewPaneVisible() override { return pane; }
   bool RunPageVisible() override { return run_page; }
   void ProcessEvents() override { ++event_runs; }
-  std::string SelectedSourceText() override { return selected; }
-  void StartPreviewThread() override {
-    ++starts;
-    flags->ThreadRunning = engine::kTrue;
-  }
+  std::string SelectedSourceText() override { return "/a.jpg"; }
+  void StartPreviewThread() override { ++starts, flags->ThreadRunning = engine::kTrue; }
 };
 
-class PreviewPassTest : public ::testing::Test {
- protected:
-  void SetUp() override { host.flags = &flags; }
-  void Pass() { Timer2_Timer(flags, pass, host); }
+// Passes in a row, the forced mark left set by an earlier refused pass.
+TEST(PreviewPass, TheMarksDecideWhetherAWorkerStarts) {
   engine::PreviewFlags flags;
   PreviewPassState pass;
   FakeHost host;
-};
-
-TEST_F(PreviewPassTest, NothingHappensWithoutTheDirtyMark) {
+  host.flags = &flags;
+  auto marks = [&] { return std::pair(flags.PreviewDirty != engine::kFalse, flags.PreviewForced != engine::kFalse); };
   flags.PreviewForced = engine::kTrue;
-  Pass();
-  EXPECT_EQ(host.starts, 0);
-  EXPECT_EQ(host.event_runs, 0);
-  EXPECT_NE(flags.PreviewForced, engine::kFalse);
-}
-
-TEST_F(PreviewPassTest, ADirtyMarkStartsOneWorkerAndClearsBothMarks) {
+  Timer2_Timer(flags, pass, host);  // no dirty mark: nothing at all
+  EXPECT_EQ(std::tuple(host.starts, host.event_runs, marks()), std::tuple(0, 0, std::pair(false, true)));
   flags.PreviewDirty = engine::kTrue;
-  Pass();
-  EXPECT_EQ(host.starts, 1);
-  EXPECT_EQ(pass.LastPreviewFile, "/a.jpg");
-  EXPECT_EQ(flags.PreviewDirty, engine::kFalse);
-  EXPECT_EQ(flags.PreviewForced, engine::kFalse);
-  EXPECT_EQ(pass.thread_priority, 2);
-  EXPECT_EQ(pass.thread_timeout, 5000);
-}
-
-TEST_F(PreviewPassTest, AnEditDuringARunningPreviewLeavesNoMark) {
+  host.pane = false;
+  Timer2_Timer(flags, pass, host);  // the pane hidden: the mark waits for it
+  EXPECT_EQ(std::tuple(host.starts, host.event_runs, marks()), std::tuple(0, 0, std::pair(true, true)));
+  host.pane = host.run_page = true;
+  Timer2_Timer(flags, pass, host);  // the run page: the mark is dropped
+  EXPECT_EQ(std::tuple(host.starts, host.event_runs, marks()), std::tuple(0, 0, std::pair(false, true)));
   flags.PreviewDirty = engine::kTrue;
-  Pass();
-  ASSERT_NE(flags.ThreadRunning, engine::kFalse);
-  flags.PreviewDirty = engine::kTrue;  // an edit while the worker runs
-  host.selected = "/b.jpg";
-  Pass();
-  EXPECT_EQ(host.starts, 1);
-  EXPECT_EQ(flags.PreviewDirty, engine::kFalse);
-  EXPECT_NE(flags.PreviewForced, engine::kFalse);  // left set by the refused pass
-  EXPECT_EQ(pass.LastPreviewFile, "/a.jpg");
-  flags.ThreadRunning = engine::kFalse;
-  Pass();  // no mark: nothing until the next edit
-  EXPECT_EQ(host.starts, 1);
+  host.run_page = false;
+  Timer2_Timer(flags, pass, host);  // one worker, both marks cleared
+  EXPECT_EQ(std::tuple(host.starts, marks(), pass.LastPreviewFile), std::tuple(1, std::pair(false, false), "/a.jpg"));
+  EXPECT_EQ(std::tuple(pass.thread_priority, pass.thread_timeout), std::tuple(2, 5000));
+  flags.PreviewDirty = engine::kTrue;
+  pass.LastPreviewFile = "/b.jpg";
+  Timer2_Timer(flags, pass, host);  // an edit while the worker runs: no second one, the edit lost
+  EXPECT_EQ(std::tuple(host.starts, marks(), pass.LastPreviewFile), std::tuple(1, std::pair(false, true), "/b.jpg"));
 }
 
 }  // namespace
