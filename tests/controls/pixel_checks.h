@@ -55,4 +55,15 @@ inline int CountColor(const QImage& image, const QRect& box, OleColor color) {
   return count;
 }
 
+// The bounding box of the pixels with exactly the colour.
+inline QRect Ink(const QImage& image, OleColor color) {
+  QRect box;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      if (image.pixel(x, y) == to_rgb(color)) box |= QRect(x, y, 1, 1);
+    }
+  }
+  return box;
+}
+
 }  // namespace velmora::controls::testing
