@@ -79,44 +79,36 @@ TEST_F(Operations, NearestResizeCopiesPixelsExactly) {
   EXPECT_EQ(PixelAt(result(), 29, 29), 0x123456);
 }
 
-TEST_F(Operations, MirrorAxisOneFlipsLeftRight) {
-  ASSERT_TRUE(WriteSolidImage(src.file("mark.png"), 2, 2, 0xFF0000));
-  Block mark = NewBlock(kWatermark, 1);  // red on the left half
-  mark.WatermarkSource = src.file("mark.png");
-  Block mirror = NewBlock(kMirror);
-  mirror.MirrorAxis = 1;
-  Convert(4, 2, {mark, mirror}, 0x0000FF);
-  EXPECT_EQ(PixelAt(result(), 0, 0), 0x0000FF);
-  EXPECT_EQ(PixelAt(result(), 3, 1), 0xFF0000);
-}
-
 // Where an image watermark lands on a blue page: an offset on the right moves it outward, the
-// centre rounds the difference once, and white in the mark is left out.
-TEST_F(Operations, ImageWatermarkPlacement) {
+// centre rounds the difference once, and white in the mark is left out. A mirror on axis 1 after
+// a mark on the left moves it to the right.
+TEST_F(Operations, ImageWatermarkPlacementAndMirror) {
   constexpr long B = 0x0000FF, R = 0xFF0000;
   struct Case {
     unsigned mark_rgb;
     int mark_width, mark_height, page_width, page_height;
-    std::int16_t h_align, h_offset, v_align, v_offset;
+    std::int16_t h_align, h_offset, v_align, v_offset, mirror_axis;
     std::vector<std::tuple<unsigned, unsigned, long>> pixels;
   };
   const Case cases[] = {
       // left = 640 - 100 + 10, clipped at the edge; top = 5
-      {0xFF0000, 100, 10, 640, 40, 1, 10, 0, 5, {{549, 8, B}, {550, 8, R}, {639, 8, R}, {560, 4, B}, {560, 15, B}}},
+      {R, 100, 10, 640, 40, 1, 10, 0, 5, -1, {{549, 8, B}, {550, 8, R}, {639, 8, R}, {560, 4, B}, {560, 15, B}}},
       // round(5 - 1.5) = round(3.5) = 4: the mark covers columns and rows 4 to 6
-      {0xFF0000, 3, 3, 10, 10, 2, 0, 2, 0, {{3, 5, B}, {4, 4, R}, {6, 6, R}, {7, 5, B}}},
-      {0xFFFFFF, 5, 5, 10, 10, 0, 0, 0, 0, {{2, 2, B}}},
+      {R, 3, 3, 10, 10, 2, 0, 2, 0, -1, {{3, 5, B}, {4, 4, R}, {6, 6, R}, {7, 5, B}}},
+      {0xFFFFFF, 5, 5, 10, 10, 0, 0, 0, 0, -1, {{2, 2, B}}},
+      {R, 2, 2, 4, 2, 0, 0, 0, 0, 1, {{0, 0, B}, {3, 1, R}}},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(&c - cases);
     ASSERT_TRUE(WriteSolidImage(src.file("mark.png"), c.mark_width, c.mark_height, c.mark_rgb));
-    Block mark = NewBlock(kWatermark, 1);
+    Block mark = NewBlock(kWatermark, 1), mirror = NewBlock(kMirror);
     mark.WatermarkSource = src.file("mark.png");
     mark.HAlign = c.h_align;
     mark.HOffset = c.h_offset;
     mark.VAlign = c.v_align;
     mark.VOffset = c.v_offset;
-    Convert(c.page_width, c.page_height, {mark}, B);
+    mirror.MirrorAxis = c.mirror_axis;
+    Convert(c.page_width, c.page_height, c.mirror_axis < 0 ? std::vector{mark} : std::vector{mark, mirror}, B);
     for (const auto& [x, y, rgb] : c.pixels) EXPECT_EQ(PixelAt(result(), x, y), rgb) << x << "," << y;
   }
 }

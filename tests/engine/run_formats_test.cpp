@@ -64,12 +64,8 @@ Blocks ChainOfAllKinds(const std::string& mark) {
   Block mirror = NewBlock(kMirror);
   Block text = NewBlock(kWatermark, 0);
   text.WatermarkSource = "Velmora";
-  text.HAlign = 2;
-  text.VAlign = 2;
   Block image = NewBlock(kWatermark, 1);
   image.WatermarkSource = mark;
-  image.HAlign = 1;
-  image.HOffset = -4;
   Block effect = NewBlock(kEffect);
   effect.EffectKind = 8;
   Block tone = NewBlock(kBrightnessContrast);

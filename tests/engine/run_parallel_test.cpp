@@ -44,12 +44,17 @@ class ParallelRun : public ::testing::Test {
   }
   static void TearDownTestSuite() { delete samples_; }
 
-  static AppState Job(const std::string& folder, std::int16_t policy, std::int16_t format, std::int16_t multipage) {
+  struct Config {
+    std::int16_t policy, format, multipage;
+    std::vector<Block> chain;  // empty: watermarks of every kind, some borrowing from the page before
+  };
+
+  static AppState Job(const std::string& folder, const Config& config) {
     AppState state = MakeJob(folder);
-    state.settings.IfOutputFileExists = policy;
+    state.settings.IfOutputFileExists = config.policy;
     state.settings.GenerateHtmlIndex = kTrue;
-    state.output.OutputFormat = format;
-    state.output.MultipageMode = multipage;
+    state.output.OutputFormat = config.format;
+    state.output.MultipageMode = config.multipage;
     state.output.NameTemplate = "{title}.{outputtype}";
     Block text = NewBlock(kWatermark, 0);
     text.WatermarkSource = "Velmora";
@@ -63,15 +68,17 @@ class ParallelRun : public ::testing::Test {
     Block missing_image = NewBlock(kWatermark, 1);
     missing_image.WatermarkSource = samples_->file("missing.jpg");  // pastes the page before's mark
     missing_image.HAlign = 1;
-    state.blocks = Blocks({NewBlock(kResize), second_text, text, missing_image, image, NewBlock(kEffect)});
+    state.blocks = config.chain.empty()
+                       ? Blocks({NewBlock(kResize), second_text, text, missing_image, image, NewBlock(kEffect)})
+                       : Blocks(config.chain);
     return state;
   }
 
-  RunOutcome RunWith(const RunOptions& options, std::int16_t policy, std::int16_t format, std::int16_t multipage) {
+  RunOutcome RunWith(const RunOptions& options, const Config& config) {
     testing::TempFolder out;
     // Files from an earlier run, for the collision policies to meet.
     for (const char* name : {"harbour.jpg", "harbour.tif", "badge.jpg"}) testing::WriteWholeFile(out.file(name), "old");
-    AppState state = Job(out.slash(), policy, format, multipage);
+    AppState state = Job(out.slash(), config);
     testing::RecordingView view;
     GoProcess2(state, SourceList{rows_, -1}, view, options);
     std::vector<std::string> written = state.WrittenFiles.Entries();
@@ -87,34 +94,30 @@ class ParallelRun : public ::testing::Test {
 testing::TempFolder* ParallelRun::samples_ = nullptr;
 std::vector<std::string> ParallelRun::rows_;
 
-TEST_F(ParallelRun, EveryPolicyAndMultipageModeMatchesOneThread) {
-  // Auto-rename into JPEG page files, overwrite into multipage TIFF files, skip into animated GIFs.
-  for (const auto& [policy, format, multipage] : {std::tuple{2, 1, 0}, std::tuple{1, 5, 1}, std::tuple{0, 2, 1}}) {
-    const RunOutcome one = RunWith(RunOptions{1, {}}, policy, format, multipage);
+TEST_F(ParallelRun, EveryPolicyPageModeAndPageStateMatchesOneThread) {
+  Block reuse = NewBlock(kResize), unaligned = NewBlock(kWatermark, 1), right = unaligned;
+  reuse.Units = 7;  // an unknown unit: the size the page before computed
+  unaligned.WatermarkSource = right.WatermarkSource = samples_->file("mark.jpg");
+  unaligned.HAlign = 5;  // an unknown alignment: where the page before's mark went
+  right.HAlign = 1;
+  // Auto-rename into JPEG page files, overwrite into multipage TIFF files, skip into animated GIFs;
+  // then two chains that carry state from page to page.
+  const Config configs[] = {{2, 1, 0, {}},
+                            {1, 5, 1, {}},
+                            {0, 2, 1, {}},
+                            {1, 1, 0, {reuse, NewBlock(kResize)}},
+                            {1, 1, 0, {unaligned, NewBlock(kResize), right}}};
+  for (const Config& config : configs) {
+    const RunOutcome one = RunWith(RunOptions{1, {}}, config);
     ASSERT_GT(one.files.size(), rows_.size() / 2);
     for (const RunOptions& options : {RunOptions{4, {}}, RunOptions{3, {kWorkerProgram, 300, 0}}}) {
-      SCOPED_TRACE(std::to_string(policy) + (options.workers.program.empty() ? " threads" : " processes"));
-      const RunOutcome many = RunWith(options, policy, format, multipage);
+      SCOPED_TRACE(std::to_string(&config - configs) + (options.workers.program.empty() ? " threads" : " processes"));
+      const RunOutcome many = RunWith(options, config);
       EXPECT_EQ(one.texts, many.texts);
       EXPECT_EQ(one.font, many.font);
       EXPECT_TRUE(one.files == many.files);
     }
   }
-}
-
-TEST_F(ParallelRun, JobThatCarriesPageStateStillMatches) {
-  // A resize of unknown units reuses the size the previous page computed.
-  testing::TempFolder a, b;
-  for (auto* folder : {&a, &b}) {
-    AppState state = MakeJob(folder->slash());
-    Block first = NewBlock(kResize);
-    Block reuse = NewBlock(kResize);
-    reuse.Units = 7;
-    state.blocks = Blocks({reuse, first});
-    testing::RecordingView view;
-    GoProcess2(state, SourceList{rows_, -1}, view, folder == &a ? RunOptions{1, {}} : RunOptions{4, {kWorkerProgram}});
-  }
-  EXPECT_EQ(ReadFolder(a.path()), ReadFolder(b.path()));
 }
 
 }  // namespace

@@ -40,17 +40,16 @@ TEST(RunStatus, PercentTextsFollowTheOperationsAndAnEmptyChainJumpsFromTenToHund
   EXPECT_EQ(view.wait_labels, (std::vector<std::string>{"10%", "36%", "63%", "90%", "100%"}));
 }
 
+// Counted, logged and given its counter are checked end to end in tests/app/batch_run_test; here
+// the list of written files, which names the unread source too, and the source left as it was.
 TEST(RunStatus, UnreadableSourceCountsAsProcessedAndIsLogged) {
   testing::TempFolder src, out;
   testing::WriteWholeFile(src.file("broken.jpg"), "this is not an image");
   ASSERT_TRUE(WriteSolidImage(src.file("good.bmp"), 10, 10, 0x0000FF));
   AppState state = MakeJob(out.slash());
   const testing::RecordingView view = RunJob(state, {src.file("broken.jpg"), src.file("good.bmp")});
-  EXPECT_EQ(view.LastFile(), "2 file(s) processed.");
   EXPECT_EQ(state.WrittenFiles.Entries(),
             (std::vector<std::string>{out.file("broken_000.jpg"), out.file("good_001.jpg")}));
-  EXPECT_FALSE(std::filesystem::exists(out.file("broken_000.jpg")));
-  EXPECT_TRUE(testing::ReadImageFacts(out.file("good_001.jpg")).readable);
   EXPECT_EQ(view.failures, std::vector<std::string>{"cannot read " + src.file("broken.jpg")});
   EXPECT_EQ(testing::ReadWholeFile(src.file("broken.jpg")), "this is not an image");
 }
