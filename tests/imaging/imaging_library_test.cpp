@@ -76,8 +76,7 @@ TEST(ImagingFailureRule, OperationsRefuseZeroAndUnknownHandlesAndLeaveThem) {
     CallResult result = 7;
     library.FreeImage_ConvertTo24Bits(given, out, result);
     EXPECT_EQ(result + out, 0);
-    const PageFacts facts = FactsOf(library, given);
-    EXPECT_EQ(facts.width + facts.height + facts.bpp, 0u);
+    EXPECT_EQ(FactsOf(library, given), PageFacts{});
   }
   library.FlushAppendedPages();
   EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
@@ -93,13 +92,10 @@ TEST(ImagingHandles, NumberedFromOneReplacedInPlaceAndReleasedOneByOne) {
   EXPECT_EQ(first * 10 + second, 12u);
   // The same variable in and out: the image behind the number is replaced, the old one freed.
   library.FreeImage_ConvertTo32Bits(first, first, result);
-  EXPECT_EQ(first, 1u);
-  EXPECT_EQ(FactsOf(library, first).bpp, 32u);
-  EXPECT_EQ(library.LiveImageCount(), 2u);
+  EXPECT_EQ(std::tuple(first, FactsOf(library, first).bpp, library.LiveImageCount()), std::tuple(1u, 32u, 2u));
   // Another variable out: a new image, the source stays.
   library.ConvertToIndexed8(first, grey, 4, result);
-  EXPECT_EQ(grey, 3u);
-  EXPECT_EQ(FactsOf(library, first).bpp, 32u);
+  EXPECT_EQ(std::tuple(grey, FactsOf(library, first).bpp), std::tuple(3u, 32u));
   // Metadata from a page that has none, and from a page onto itself, is no failure.
   library.CopyMetadata(second, grey, result);
   EXPECT_NE(result, 0);
@@ -108,35 +104,21 @@ TEST(ImagingHandles, NumberedFromOneReplacedInPlaceAndReleasedOneByOne) {
   library.Release(first);
   library.Release(first);
   library.Release(4242);
-  EXPECT_EQ(library.LiveImageCount(), 2u);
-  EXPECT_EQ(FactsOf(library, first).width, 0u);
-  EXPECT_EQ(FactsOf(library, grey).width, 10u);
+  EXPECT_EQ(std::tuple(library.LiveImageCount(), FactsOf(library, first).width, FactsOf(library, grey).width),
+            std::tuple(2u, 0u, 10u));
 }
 
 TEST(ImagingAllocate, MakesBlankPagesOfEveryDepthAndRefusesBadOnes) {
   ImagingLibrary library;
-  for (const auto& [width, height, bpp] : {std::tuple{17, 5, 1},
-                                           {17, 5, 4},
-                                           {17, 5, 8},
-                                           {17, 5, 16},
-                                           {17, 5, 24},
-                                           {17, 5, 32},
-                                           {17, 5, 48},
-                                           {17, 5, 64},
-                                           {17, 5, 96},
-                                           {17, 5, 128},
-                                           {0, 5, 24},
-                                           {5, -3, 24},
-                                           {5, 5, 7},
-                                           {5, 5, 0},
-                                           {5, 5, 33}}) {
+  constexpr std::tuple<int, int, int> kAsked[] = {{17, 5, 1},  {17, 5, 4},  {17, 5, 8},  {17, 5, 16}, {17, 5, 24},
+                                                  {17, 5, 32}, {17, 5, 48}, {17, 5, 64}, {17, 5, 96}, {17, 5, 128},
+                                                  {0, 5, 24},  {5, -3, 24}, {5, 5, 7},   {5, 5, 0},   {5, 5, 33}};
+  for (const auto& [width, height, bpp] : kAsked) {
     Handle page = 99;
     CallResult result = 7;
     library.FreeImage_Allocate(page, width, height, bpp, 0, 0, 0, result);
-    const PageFacts facts = FactsOf(library, page);
     EXPECT_EQ(result != 0, page != 0) << bpp;
-    EXPECT_EQ(std::tuple(facts.width, facts.height, facts.bpp),
-              width == 17 ? std::tuple(17u, 5u, unsigned(bpp)) : std::tuple(0u, 0u, 0u));
+    EXPECT_EQ(FactsOf(library, page), (width == 17 ? PageFacts{17, 5, std::uint32_t(bpp)} : PageFacts{})) << bpp;
   }
 }
 
@@ -155,8 +137,7 @@ TEST(ImagingDrawing, RunsOnTrueColourPagesMadeFromAnyDepth) {
       if (mono) library.ConvertToMono(page, page, 2, 128, result);
       through_library(library, page, result);
       EXPECT_NE(result, 0) << source;
-      EXPECT_EQ(FactsOf(library, page).bpp, bpp) << source;
-      EXPECT_EQ(FactsOf(library, page).width * FactsOf(library, page).height, 24u * 16u);
+      EXPECT_EQ(FactsOf(library, page), (PageFacts{24, 16, bpp})) << source;
       Page bitmap(FreeImage_Load(FreeImage_GetFileType(folder.file(source).c_str()), folder.file(source).c_str()));
       EXPECT_TRUE(!as_is || (straight(bitmap.get()) && Pixels(library, page) == Pixels(bitmap.get()))) << source;
       library.Release(page);
@@ -179,16 +160,12 @@ class ImagingPaste : public ::testing::Test {
  protected:
   TempFolder folder;
   ImagingLibrary library;
-  int files = 0;
 
   Handle Solid(int width, int height, Rgba colour, bool alpha = false) {
     return LoadPattern(
-        library, folder.file(std::to_string(files++) + ".png"), width, height, [colour](int, int) { return colour; },
-        alpha);
+        library, folder.file("p.png"), width, height, [=](int, int) { return colour; }, alpha);
   }
-  Handle Watermark(int width, int height) {
-    return LoadPattern(library, folder.file(std::to_string(files++) + ".png"), width, height, Mark);
-  }
+  Handle Watermark(int width, int height) { return LoadPattern(library, folder.file("p.png"), width, height, Mark); }
   CallResult Paste(Handle& page, Handle mark, int left, int top, std::int32_t key = 0xFFFFFF) {
     CallResult result = 0;
     library.PasteWatermark(page, mark, left, top, key, result);

@@ -150,7 +150,12 @@ inline Rgba PixelAt(imaging::ImagingLibrary& library, imaging::Handle page, int 
 
 struct PageFacts {
   std::uint32_t width = 0, height = 0, bpp = 0;
+  bool operator==(const PageFacts&) const = default;
 };
+
+inline std::ostream& operator<<(std::ostream& out, const PageFacts& f) {
+  return out << f.width << " x " << f.height << " x " << f.bpp;
+}
 
 inline PageFacts FactsOf(imaging::ImagingLibrary& library, imaging::Handle page) {
   PageFacts facts;
