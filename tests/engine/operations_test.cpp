@@ -113,17 +113,16 @@ TEST_F(Operations, ImageWatermarkPlacementAndMirror) {
   }
 }
 
-// The ink's horizontal extent in one row band: first and last columns that differ from white.
-std::pair<int, int> InkColumns(const std::string& path, unsigned width, unsigned height) {
-  int first = -1, last = -1;
-  for (unsigned x = 0; x < width; ++x)
-    for (unsigned y = 0; y < height; ++y)
+// The first and last columns with ink (anything but white); -1 for none.
+std::pair<int, int> InkColumns(const std::string& path, int width, int height) {
+  std::pair<int, int> ink{-1, -1};
+  for (int x = 0; x < width; ++x)
+    for (int y = 0; y < height; ++y)
       if (PixelAt(path, x, y) != 0xFFFFFF) {
-        if (first < 0) first = static_cast<int>(x);
-        last = static_cast<int>(x);
+        ink = {ink.first < 0 ? x : ink.first, x};
         break;
       }
-  return {first, last};
+  return ink;
 }
 
 TEST_F(Operations, TextWatermarkOnTheRightEndsAtTheOffsetFromTheEdgeAndBlankTextDrawsNothing) {

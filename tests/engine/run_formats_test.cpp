@@ -40,22 +40,18 @@ TEST(SaveFlags, ExrAndGifAlwaysZeroOthersUntouched) {
 }
 
 struct FormatCase {
-  std::int16_t format;
-  std::int16_t depth;
+  std::int16_t format, depth;
   int fif;
   unsigned bpp;  // 0: depends on the page (no depth conversion)
 };
-
-std::vector<FormatCase> AllFormatCases() {
-  return {
-      {0, 0, FIF_BMP, 32},  {0, 1, FIF_BMP, 24},   {0, 2, FIF_BMP, 16},   {0, 3, FIF_BMP, 16},   {0, 4, FIF_BMP, 8},
-      {0, 5, FIF_BMP, 4},   {0, 6, FIF_BMP, 1},    {1, 0, FIF_JPEG, 24},  {1, 1, FIF_JPEG, 24},  {1, 2, FIF_JPEG, 8},
-      {2, 0, FIF_GIF, 8},   {3, 0, FIF_PNG, 32},   {3, 1, FIF_PNG, 24},   {3, 2, FIF_PNG, 8},    {3, 3, FIF_PNG, 4},
-      {3, 4, FIF_PNG, 1},   {4, 0, FIF_TARGA, 32}, {4, 1, FIF_TARGA, 24}, {4, 2, FIF_TARGA, 16}, {4, 3, FIF_TARGA, 16},
-      {4, 4, FIF_TARGA, 8}, {5, 0, FIF_TIFF, 32},  {5, 1, FIF_TIFF, 24},  {5, 2, FIF_TIFF, 8},   {5, 3, FIF_TIFF, 4},
-      {5, 4, FIF_TIFF, 1},  {5, 5, FIF_TIFF, 0},   {6, 0, FIF_EXR, 0},
-  };
-}
+const FormatCase kFormatCases[] = {
+    {0, 0, FIF_BMP, 32},  {0, 1, FIF_BMP, 24},   {0, 2, FIF_BMP, 16},   {0, 3, FIF_BMP, 16},   {0, 4, FIF_BMP, 8},
+    {0, 5, FIF_BMP, 4},   {0, 6, FIF_BMP, 1},    {1, 0, FIF_JPEG, 24},  {1, 1, FIF_JPEG, 24},  {1, 2, FIF_JPEG, 8},
+    {2, 0, FIF_GIF, 8},   {3, 0, FIF_PNG, 32},   {3, 1, FIF_PNG, 24},   {3, 2, FIF_PNG, 8},    {3, 3, FIF_PNG, 4},
+    {3, 4, FIF_PNG, 1},   {4, 0, FIF_TARGA, 32}, {4, 1, FIF_TARGA, 24}, {4, 2, FIF_TARGA, 16}, {4, 3, FIF_TARGA, 16},
+    {4, 4, FIF_TARGA, 8}, {5, 0, FIF_TIFF, 32},  {5, 1, FIF_TIFF, 24},  {5, 2, FIF_TIFF, 8},   {5, 3, FIF_TIFF, 4},
+    {5, 4, FIF_TIFF, 1},  {5, 5, FIF_TIFF, 0},   {6, 0, FIF_EXR, 0},
+};
 
 // One operation of each kind; resize to 50% and a quarter turn make the expected size easy.
 Blocks ChainOfAllKinds(const std::string& mark) {
@@ -104,7 +100,7 @@ TEST_F(RunFormats, EveryFormatAndDepthOfEverySampleReadsBack) {
   ASSERT_FALSE(sources_.empty());
   std::vector<std::string> rows;
   for (const Source& s : sources_) rows.push_back(s.path);
-  for (const FormatCase& c : AllFormatCases()) {
+  for (const FormatCase& c : kFormatCases) {
     testing::TempFolder out, in_workers;
     AppState state = MakeJob(out.slash());
     state.output.OutputFormat = c.format;

@@ -9,7 +9,7 @@
 namespace velmora::engine {
 namespace {
 
-TEST(NumberReading, LeadingNumberRoundedHalfToEven) {
+TEST(NumberReading, LeadingNumberRoundedHalfToEvenAndNoValueOnOverflow) {
   EXPECT_EQ(ReadInt16("90.5"), 90);
   EXPECT_EQ(ReadInt16("91.5"), 92);
   EXPECT_EQ(ReadInt16("abc"), 0);
@@ -18,14 +18,12 @@ TEST(NumberReading, LeadingNumberRoundedHalfToEven) {
   EXPECT_EQ(ReadInt32("2.5"), 2);
   EXPECT_EQ(ReadInt32("3.5"), 4);
   EXPECT_EQ(ReadInt32("-2.5"), -2);
-}
-
-TEST(NumberReading, OverflowGivesNoValue) {
+  // Overflow gives no value; rounding saturates.
   EXPECT_FALSE(ReadInt16("70000").has_value());
   EXPECT_EQ(ReadInt16("32767"), 32767);
   EXPECT_FALSE(ReadInt32("3000000000").has_value());
   EXPECT_FALSE(ReadInt32("1" + std::string(30, '0')).has_value());
-  EXPECT_EQ(RoundHalfEven(1e30), std::numeric_limits<std::int64_t>::max());  // saturates
+  EXPECT_EQ(RoundHalfEven(1e30), std::numeric_limits<std::int64_t>::max());
   EXPECT_EQ(RoundHalfEven(-1e30), std::numeric_limits<std::int64_t>::min());
 }
 
@@ -43,14 +41,11 @@ TEST(WatermarkFont, RoundTripsAndFormatsWithoutQuoting) {
   EXPECT_EQ(FormatWatermarkFont(FontState{}), "0|False|False|False||0|False");
 }
 
-TEST(WatermarkFont, MissingOrBadFieldsKeepTheirValues) {
+TEST(WatermarkFont, MissingOrBadFieldsKeepTheirValuesAndABarInTheFaceShiftsTheRest) {
   FontState font{7, kTrue, kTrue, kTrue, "Keep", 30, kTrue};
   ParseWatermarkFont(font, "255|maybe|0");
   EXPECT_EQ(font, (FontState{255, kTrue, kFalse, kTrue, "Keep", 30, kTrue}));
-}
-
-TEST(WatermarkFont, ABarInTheFaceShiftsLaterFields) {
-  FontState font;
+  // A bar in the face shifts the later fields.
   ParseWatermarkFont(font, "0|False|False|False|A|B|12|True");
   EXPECT_EQ(font, (FontState{0, kFalse, kFalse, kFalse, "A", 0, kTrue}));  // "B" is no size, "12" a boolean
 }
