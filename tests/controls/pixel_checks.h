@@ -7,7 +7,6 @@
 #include <QImage>
 #include <QRect>
 #include <cstdlib>
-#include <string>
 #include <vector>
 
 #include "controls/ole_color.h"
@@ -23,11 +22,6 @@ struct Probe {
   int tolerance = 0;
 };
 
-inline std::string Describe(QRgb c) {
-  return "rgba(" + std::to_string(qRed(c)) + "," + std::to_string(qGreen(c)) + "," + std::to_string(qBlue(c)) + "," +
-         std::to_string(qAlpha(c)) + ")";
-}
-
 // The pixel is opaque and within the tolerance of the colour, or clear for kClear.
 inline ::testing::AssertionResult PixelIs(const QImage& image, int x, int y, OleColor color, int tolerance = 0) {
   const QRgb got = image.pixel(x, y);
@@ -37,8 +31,8 @@ inline ::testing::AssertionResult PixelIs(const QImage& image, int x, int y, Ole
                                         std::abs(qGreen(got) - qGreen(want)) <= tolerance &&
                                         std::abs(qBlue(got) - qBlue(want)) <= tolerance;
   if (ok) return ::testing::AssertionSuccess();
-  return ::testing::AssertionFailure() << "pixel (" << x << "," << y << ") is " << Describe(got) << ", expected "
-                                       << (color == kClear ? "clear" : Describe(want)) << " within " << tolerance;
+  return ::testing::AssertionFailure() << "pixel (" << x << "," << y << ") is " << std::hex << got << ", expected "
+                                       << (color == kClear ? 0u : want) << " within " << std::dec << tolerance;
 }
 
 inline void ExpectPixels(const QImage& image, const std::vector<Probe>& probes) {
