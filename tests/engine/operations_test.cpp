@@ -72,11 +72,16 @@ TEST_F(Operations, ResizeAndRotateSizes) {
   EXPECT_GT(facts.height, 50u);
 }
 
+// A red pixel beside a blue one, enlarged threefold without blending: three red columns, three
+// blue ones (a smoothing filter mixes the middle two).
 TEST_F(Operations, NearestResizeCopiesPixelsExactly) {
-  Block block = Resize(300, 300, 1, false);
-  block.Method = 1;
-  EXPECT_EQ(Convert(10, 10, {block}, 0x123456).width, 30u);
-  EXPECT_EQ(PixelAt(result(), 29, 29), 0x123456);
+  ASSERT_TRUE(WriteSolidImage(src.file("mark.png"), 1, 1, 0xFF0000));
+  Block mark = NewBlock(kWatermark, 1), nearest = Resize(300, 300, 1, false);
+  mark.WatermarkSource = src.file("mark.png");
+  nearest.Method = 1;
+  EXPECT_EQ(Convert(2, 1, {mark, nearest}, 0x0000FF).width, 6u);
+  EXPECT_EQ(PixelAt(result(), 2, 1), 0xFF0000);
+  EXPECT_EQ(PixelAt(result(), 3, 1), 0x0000FF);
 }
 
 // Where an image watermark lands on a blue page: an offset on the right moves it outward, the
