@@ -1,67 +1,169 @@
-// What the integration tests of the uploads share: a temporary data folder, an application
-// state with files of the last run, a recording window and a certificate made once per suite.
+// What the upload tests share: the servers of test_server.py on 127.0.0.1, stopped with the
+// fixture, a certificate made once, a data folder with the files of the last run, and a window
+// that writes down what it is shown.
 #pragma once
 
 #include <gtest/gtest.h>
+#include <signal.h>
 
-#include <memory>
-#include <random>
-#include <string>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <list>
+#include <stdexcept>
 
 #include "engine/app_state.h"
-#include "tests/settings/scoped_environment.h"
 #include "tests/support/test_support.h"
-#include "tests/upload/recording_upload_view.h"
-#include "tests/upload/test_servers.h"
+#include "upload/service_hosts.h"
 #include "upload/upload_state.h"
+#include "upload/upload_view.h"
 
 namespace velmora::testing {
 
-class UploadFixture : public ::testing::Test {
- protected:
-  static void SetUpTestSuite() {
-    certificate_folder_ = std::make_unique<TempFolder>();
-    ASSERT_TRUE(certificate_.Make(certificate_folder_->path().string())) << "openssl could not make a certificate";
-  }
-  static void TearDownTestSuite() { certificate_folder_.reset(); }
+// The folder of cert.pem and key.pem, a self-signed certificate for 127.0.0.1 made once.
+inline std::string CertificateFolder() {
+  static TempFolder folder;
+  static const int made = std::system(("openssl req -x509 -newkey rsa:2048 -nodes -days 2 -subj /CN=127.0.0.1 -addext "
+                                       "subjectAltName=IP:127.0.0.1 -keyout " +
+                                       folder.file("key.pem") + " -out " + folder.file("cert.pem") + " 2>/dev/null")
+                                          .c_str());
+  EXPECT_EQ(made, 0) << "openssl could not make a certificate";
+  return folder.path().string();
+}
 
-  void SetUp() override {
+// Whether `text` holds `part`; a failure shows the whole text.
+inline ::testing::AssertionResult Has(const std::string& text, const std::string& part) {
+  if (text.find(part) != std::string::npos) return ::testing::AssertionSuccess();
+  return ::testing::AssertionFailure() << "no \"" << part << "\" in:\n" << text;
+}
+
+// tests/upload/test_server.py run with `args` by the system's python, which has pyftpdlib, and
+// the ports it listens on; 0 if it did not start. It ends with the object.
+class TestServer {
+ public:
+  explicit TestServer(const std::string& args)
+      : out_(::popen(("exec /usr/bin/python3 " VELMORA_SOURCE_DIR "/tests/upload/test_server.py " + args).c_str(),
+                     "r")) {
+    char line[64];
+    if (out_ && std::fgets(line, sizeof line, out_)) std::sscanf(line, "%d %d %d", &pid_, &port, &tls_port);
+  }
+  TestServer(const TestServer&) = delete;
+  ~TestServer() {
+    if (pid_ > 0) ::kill(pid_, SIGKILL);
+    if (out_) ::pclose(out_);
+  }
+  int port = 0, tls_port = 0;
+
+ private:
+  std::FILE* out_;
+  int pid_ = 0;
+};
+
+// Writes each thing an upload shows as a line of `shown`: "status", "file", "range", "at" (the
+// progress bar), "log" (the process log), "message" with an icon (- X ! i) and "?" for a Yes/No
+// question, and so on. Plays the user: "Yes" when `yes`, the `captchas` typed in turn ("" or none
+// left is Cancel), row `album_row` of the albums chosen (-1 is Cancel), `on_yield` at each Yield.
+class RecordingUploadView : public upload::UploadView {
+ public:
+  std::string shown, session_log;
+  bool yes = false;
+  std::vector<std::string> captchas;
+  int album_row = -1;
+  std::function<void()> on_yield;
+
+  void SetStatus(const std::string& text) override { Show("status " + text); }
+  void SetFile(const std::string& text) override { Show("file " + text); }
+  void SetProgressRange(int from, int to) override { Show("range " + std::to_string(from) + " " + std::to_string(to)); }
+  void SetProgressValue(int value) override { Show("at " + std::to_string(value)); }
+  void SetProcessLogStatus(const std::string& text) override { Show("log " + text); }
+  upload::MessageAnswer ShowMessage(const std::string& text, upload::MessageIcon icon,
+                                    upload::MessageButtons buttons) override {
+    const bool question = buttons == upload::MessageButtons::kYesNo;
+    Show(std::string("message ") + "-X!i"[static_cast<int>(icon)] + (question ? "? " : " ") + text);
+    if (!question) return upload::MessageAnswer::kOk;
+    return yes ? upload::MessageAnswer::kYes : upload::MessageAnswer::kNo;
+  }
+  void ShowSessionLog(const std::string& log) override {
+    session_log += log;
+    Show("session log");
+  }
+  void ShowSettingsDialog(int tab) override { Show("settings tab " + std::to_string(tab)); }
+  void ShowCaptchaPrompt(const std::string& image_path) override {
+    Show("captcha " + ReadWholeFile(image_path));
+    captcha_ = captchas_typed_ < captchas.size() ? captchas[captchas_typed_++] : "";
+    captcha_open_ = true;
+  }
+  bool CaptchaPromptShowing() override { return captcha_open_; }
+  std::string CaptchaPromptAnswer() override { return captcha_; }
+  void ShowAlbumChooser(const std::vector<upload::Album>& albums) override {
+    std::string titles;
+    for (const upload::Album& album : albums) titles += " " + album.title;
+    Show("albums" + titles);
+    choice_ = album_row >= 0 && album_row < static_cast<int>(albums.size()) ? albums[album_row].id : "";
+    chooser_open_ = true;
+  }
+  bool AlbumChooserShowing() override { return chooser_open_; }
+  std::string AlbumChooserChoice() override { return choice_; }
+  void ShowPleaseWait(bool shown_now) override { Show(shown_now ? "wait shown" : "wait hidden"); }
+  void OpenUrl(const std::string& url) override { Show("open " + url); }
+  void CloseMainWindow() override { Show("main window closed"); }
+  void Yield() override {
+    captcha_open_ = chooser_open_ = false;
+    if (on_yield) on_yield();
+  }
+
+ private:
+  void Show(const std::string& line) { shown += line + "\n"; }
+  bool captcha_open_ = false, chooser_open_ = false;
+  std::size_t captchas_typed_ = 0;
+  std::string captcha_, choice_;
+};
+
+class UploadTest : public ::testing::Test {
+ protected:
+  UploadTest() {
     state.AppDataFolder = temp.path().string();
     std::filesystem::create_directories(temp.file("out"));
+    std::filesystem::create_directories(temp.file("http/requests"));
+    // The uploads go straight to their servers: every proxy libcurl would read leads nowhere.
+    for (const char* name :
+         {"http_proxy", "https_proxy", "HTTPS_PROXY", "ftp_proxy", "FTP_PROXY", "all_proxy", "ALL_PROXY"})
+      ::setenv(name, "http://127.0.0.1:1", 1);
+    ::unsetenv("no_proxy");
+    ::unsetenv("NO_PROXY");
   }
+
+  TestServer& Start(const std::string& args) {
+    TestServer& server = servers_.emplace_back(args);
+    if (!server.port) throw std::runtime_error("test_server.py did not start; it needs python3-pyftpdlib");
+    return server;
+  }
+  // The HTTP server of temp/http, answering with the files given to Serve.
+  TestServer& StartHttp() { return Start("http " + temp.file("http") + " " + CertificateFolder()); }
+  void Serve(const std::string& name, const std::string& content) {
+    WriteWholeFile(temp.file("http/" + name), content);
+  }
+  // The n-th request the HTTP server received (from 1), as test_server.py saves it; "" if none.
+  std::string Request(int n) const { return ReadWholeFile(temp.file("http/requests/" + std::to_string(n))); }
 
   // A file of the last run with `size` bytes of every value, line breaks and NULs included.
   std::string AddWrittenFile(const std::string& name, std::size_t size) {
-    std::mt19937 random(static_cast<unsigned>(size));
     std::string content(size, '\0');
-    for (char& byte : content) byte = static_cast<char>(random() & 0xFF);
-    const std::string path = temp.file("out/" + name);
-    WriteWholeFile(path, content);
-    state.WrittenFiles.Append(path);
+    for (std::size_t i = 0; i < size; ++i) content[i] = static_cast<char>((i * 7919 + size) % 251);
+    WriteWholeFile(temp.file("out/" + name), content);
+    state.WrittenFiles.Append(temp.file("out/" + name));
     return content;
-  }
-
-  static const TestCertificate& certificate() { return certificate_; }
-
-  // Points every proxy variable libcurl knows at a port where nothing listens.
-  void SetDeadProxies() {
-    const std::string dead = "http://127.0.0.1:" + std::to_string(ClosedPort());
-    for (const char* name :
-         {"http_proxy", "https_proxy", "HTTPS_PROXY", "ftp_proxy", "FTP_PROXY", "all_proxy", "ALL_PROXY"})
-      environment.Set(name, dead);
-    environment.Unset("no_proxy");
-    environment.Unset("NO_PROXY");
   }
 
   TempFolder temp;
   engine::AppState state;
   upload::UploadState upload;
   RecordingUploadView view;
-  ScopedEnvironment environment;
+  upload::ServiceHosts hosts;
 
  private:
-  static inline std::unique_ptr<TempFolder> certificate_folder_;
-  static inline TestCertificate certificate_;
+  std::list<TestServer> servers_;
 };
 
 }  // namespace velmora::testing

@@ -1,0 +1,116 @@
+"""Servers for the upload tests on 127.0.0.1 at ports the system picks; prints its pid and ports.
+
+ftp ROOT TLS CUT BUSY: serves ROOT to "velmora" with password "s3cret"; TLS is "-" or a folder of
+    cert.pem and key.pem, then required on both channels; CUT > 0 drops the session once that many
+    bytes of an upload came; BUSY "busy" refuses every session (421).
+http DIR TLS: plain HTTP and HTTPS (certificate as above). Routes come from DIR/routes.txt, one a
+    line, "METHOD PATH STATUS BODYFILE [Header:Value ...]": PATH without the query, BODYFILE a file
+    in DIR or "-", STATUS "close" drops the connection; lines of one route answer in turn, the
+    last for good. Each request is saved first as DIR/requests/N (from 1): "http" or "https",
+    the request line, the headers as received, a blank line and the body.
+"""
+import logging
+import os
+import ssl
+import sys
+import threading
+from http.server import BaseHTTPRequestHandler, ThreadingHTTPServer
+
+
+def ftp(root, tls, cut, busy):
+    from pyftpdlib.authorizers import DummyAuthorizer
+    from pyftpdlib.handlers import DTPHandler, FTPHandler, TLS_DTPHandler, TLS_FTPHandler
+    from pyftpdlib.servers import FTPServer
+    from OpenSSL import SSL
+
+    logging.basicConfig(level=logging.WARNING)
+
+    secure, cut_after = tls != "-", int(cut)
+
+    class Dtp(TLS_DTPHandler if secure else DTPHandler):
+        def readable(self):
+            # A data channel opened before its transfer command is dropped at once, but curl
+            # starts the channel's TLS handshake right after connecting: let that happen first.
+            if secure and not self.receive and not self._initialized:
+                return self._ssl_accepting or self._ssl_want_read
+            return super().readable()
+
+        def handle_read_event(self):
+            super().handle_read_event()
+            if cut_after and self.tot_bytes_received >= cut_after:
+                self.cmd_channel.close()
+
+    class Handler(TLS_FTPHandler if secure else FTPHandler):
+        authorizer = DummyAuthorizer()
+        dtp_handler = Dtp
+
+    Handler.authorizer.add_user("velmora", "s3cret", root, perm="elradfmwMT")
+    if secure:
+        Handler.certfile, Handler.keyfile = tls + "/cert.pem", tls + "/key.pem"
+        Handler.tls_control_required = Handler.tls_data_required = True
+        # Clients resume the control channel's TLS session on the data channel; the server
+        # accepts that only with a session id context.
+        Handler.get_ssl_context().set_session_id(b"velmora-tests")
+        # TLS 1.3 sends session tickets after the handshake, which a client that only uploads never
+        # reads: closing with them unread resets the connection and loses data still on its way.
+        Handler.get_ssl_context().set_max_proto_version(SSL.TLS1_2_VERSION)
+    server = FTPServer(("127.0.0.1", 0), Handler)
+    if busy == "busy":
+        server.max_cons = 1  # the listening socket alone fills it
+    print(os.getpid(), server.socket.getsockname()[1], flush=True)
+    server.serve_forever()
+
+
+def http(folder, tls):
+    lock = threading.Lock()
+    served = {"count": 0}
+
+    def handler(scheme):
+        class Handler(BaseHTTPRequestHandler):
+            protocol_version = "HTTP/1.1"
+
+            def log_message(self, *args):
+                pass
+
+            def answer(self):
+                length = int(self.headers.get("Content-Length", 0))
+                body = self.rfile.read(length) if length else b""
+                path = self.path.split("?", 1)[0]
+                with lock:
+                    served["count"] += 1
+                    turn = served.setdefault((self.command, path), 0)
+                    served[(self.command, path)] = turn + 1
+                    head = "".join("%s: %s\r\n" % item for item in self.headers.items())
+                    with open("%s/requests/%d" % (folder, served["count"]), "wb") as out:
+                        out.write(("%s %s\r\n%s\r\n" % (scheme, self.requestline, head)).encode("latin-1") + body)
+                with open(folder + "/routes.txt") as routes:
+                    lines = [line.split() for line in routes if line.split()[:2] == [self.command, path]]
+                route = lines[min(turn, len(lines) - 1)] if lines else ["", "", "404", "-"]
+                if route[2] == "close":
+                    self.close_connection = True
+                    self.connection.close()
+                    return
+                content = open(folder + "/" + route[3], "rb").read() if route[3] != "-" else b""
+                self.send_response(int(route[2]))
+                self.send_header("Content-Length", str(len(content)))
+                for extra in route[4:]:
+                    self.send_header(*extra.split(":", 1))
+                self.end_headers()
+                self.wfile.write(content)
+
+            do_GET = do_POST = answer
+
+        return Handler
+
+    plain = ThreadingHTTPServer(("127.0.0.1", 0), handler("http"))
+    secure = ThreadingHTTPServer(("127.0.0.1", 0), handler("https"))
+    context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
+    context.load_cert_chain(tls + "/cert.pem", tls + "/key.pem")
+    secure.socket = context.wrap_socket(secure.socket, server_side=True)
+    threading.Thread(target=secure.serve_forever, daemon=True).start()
+    print(os.getpid(), plain.server_address[1], secure.server_address[1], flush=True)
+    plain.serve_forever()
+
+
+if __name__ == "__main__":
+    {"ftp": ftp, "http": http}[sys.argv[1]](*sys.argv[2:])
