@@ -1,7 +1,5 @@
-// The twelve shapes: each drawn with a plain scheme (no style rims: green face, red outline,
-// transparent outside the window region) and checked at pixels worked out from the region's
-// points; below the drawing, halves rounded to even, which shapes clip, and the rings with their
-// lit and shadow sides.
+// The twelve shapes drawn with a plain scheme (no style rims), checked at pixels worked out from
+// the region's points; below the drawing, the rounding, the clipping and the ellipse's rims.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -89,14 +87,10 @@ TEST(ShapePolygon, DivisionsRoundHalvesToEven) {
             QPolygon({{12, 25}, {0, 8}, {8, 8}, {8, 0}, {17, 0}, {17, 8}, {25, 8}}));
   EXPECT_EQ(shape_polygon(shape::kArrowLeft, 45, 45),
             QPolygon({{0, 22}, {30, 0}, {30, 15}, {45, 15}, {45, 30}, {30, 30}, {30, 45}}));
-  EXPECT_EQ(round_half_even(13.5), 14);
-  EXPECT_TRUE(shape_polygon(shape::kEllipse, 60, 60).isEmpty());
-  EXPECT_TRUE(shape_polygon(12, 60, 60).isEmpty());
 }
 
 TEST(ShapeRegion, OnlyShapesOneToElevenClip) {
   for (int s = -1; s <= 12; ++s) EXPECT_EQ(shape_clip_region(s, 60, 60).has_value(), s >= 1 && s <= 11) << s;
-  EXPECT_EQ(shape_clip_region(shape::kDiamond, 60, 60)->boundingRect(), QRect(0, 0, 60, 60));
 }
 
 TEST(ShapeRings, EllipseRimsSplitAtTheDiagonal) {

@@ -1,7 +1,5 @@
-// The button's behaviour: first its state machine without a screen (each input's redraws, capture
-// changes and raised events written as one line, "capture redraw MouseMove 0 1 10 12", and the
-// state flags after it), then the widget driven by synthetic Qt events: signals in order, the size
-// rules, the window mask, focus, the hand cursor, persistence and drag and drop.
+// The button's behaviour: its state machine without a screen, then the widget driven by synthetic
+// Qt events (signals in order, size rules, mask, focus, cursor, persistence, drag and drop).
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
@@ -112,20 +110,6 @@ TEST_F(ButtonStateMachineTest, DoubleClickAndKeys) {
   EXPECT_EQ(Did(machine.redraw(props)), "redraw |");
 }
 
-TEST(HandCursor, ShowsWithFocusOrUnpressedHover) {
-  struct Row {
-    bool hand, pressed, hover, focus, shown;
-  };
-  for (const Row& r :
-       {Row{false, false, true, false, false}, Row{true, false, true, false, true}, Row{true, true, true, false, false},
-        Row{true, true, true, true, true}, Row{true, false, false, false, false}}) {
-    ButtonProperties props;
-    props.HandPointer = r.hand;
-    EXPECT_EQ(wants_hand_cursor(props, ButtonState{r.pressed, r.hover, r.focus}), r.shown)
-        << r.hand << r.pressed << r.hover << r.focus;
-  }
-}
-
 class ButtonWidgetTest : public ::testing::Test {
  protected:
   ButtonWidgetTest() : button(nullptr, "cmdStart") {
@@ -166,15 +150,12 @@ class ButtonWidgetTest : public ::testing::Test {
   QStringList log;
 };
 
-TEST_F(ButtonWidgetTest, NewControlTakesItsNameSizeAndFont) {
+// A new control takes its name as caption, 80 by 33 pixels and Tahoma. Never under 25 pixels a
+// side, and square but for the two rectangles (0 and 1); only shapes 1 to 11 clip the window.
+TEST_F(ButtonWidgetTest, NewControlAndSizeRulesAndWindowMask) {
   EXPECT_EQ(button.Caption(), "cmdStart");
   EXPECT_EQ(button.size(), QSize(80, 33));
   EXPECT_EQ(button.font().family(), "Tahoma");
-}
-
-// Never under 25 pixels a side, and square but for the two rectangles (0 and 1); only shapes 1
-// to 11 clip the window.
-TEST_F(ButtonWidgetTest, SizeRulesAndWindowMask) {
   struct Row {
     int shape;
     QSize asked, got;
@@ -238,13 +219,18 @@ TEST_F(ButtonWidgetTest, FocusDrawsTheMark) {
   testing::ExpectPixels(button.surface(), {{3, 3, kSysButtonFace}});
 }
 
-TEST_F(ButtonWidgetTest, HandCursorOverTheControl) {
+// The hand shows over the control while it is not pressed, and with the focus.
+TEST_F(ButtonWidgetTest, HandCursorOverTheControlOrWithTheFocus) {
   button.setHandPointer(true);
   EXPECT_NE(button.cursor().shape(), Qt::PointingHandCursor);
   Hover({10, 10});
   EXPECT_EQ(button.cursor().shape(), Qt::PointingHandCursor);
+  Mouse(QEvent::MouseButtonPress, {10, 10});
+  EXPECT_NE(button.cursor().shape(), Qt::PointingHandCursor);
+  Focus(QEvent::FocusIn);
+  EXPECT_EQ(button.cursor().shape(), Qt::PointingHandCursor);
+  button.setHandPointer(false);
   button.setMousePointer(2);
-  Hover({200, 10});
   EXPECT_EQ(button.cursor().shape(), Qt::CrossCursor);
 }
 
@@ -284,7 +270,7 @@ TEST_F(ButtonWidgetTest, ReadPropertiesSetEnabledAndFont) {
   EXPECT_TRUE(copy.isEnabled());
 }
 
-TEST_F(ButtonWidgetTest, DropsAreOfferedToTheForm) {
+TEST_F(ButtonWidgetTest, DragAndDrop) {
   button.setAcceptDrops(true);
   QMimeData data;
   data.setText("x");
@@ -312,16 +298,13 @@ TEST_F(ButtonWidgetTest, DropsAreOfferedToTheForm) {
   EXPECT_TRUE(drop.isAccepted());
   EXPECT_EQ(drop.dropAction(), Qt::MoveAction);
   EXPECT_EQ(seen, (QStringList{"over 3 5 0", "over 3 7 2", "drop 3 x"}));
-}
-
-// A promised format is listed before it has data.
-TEST(DragData, ListsAPromisedFormat) {
-  DragData data([](DragData*, const QString&) {});
-  data.promise("text/x-velmora");
-  data.promise("text/x-velmora");
-  EXPECT_TRUE(data.hasFormat("text/x-velmora"));
-  EXPECT_FALSE(data.hasFormat("text/plain"));
-  EXPECT_EQ(data.formats(), QStringList{"text/x-velmora"});
+  // The drag side's data lists a promised format before it has data.
+  DragData promised([](DragData*, const QString&) {});
+  promised.promise("text/x-velmora");
+  promised.promise("text/x-velmora");
+  EXPECT_TRUE(promised.hasFormat("text/x-velmora"));
+  EXPECT_FALSE(promised.hasFormat("text/plain"));
+  EXPECT_EQ(promised.formats(), QStringList{"text/x-velmora"});
 }
 
 }  // namespace

@@ -145,10 +145,6 @@ TEST(ButtonPersistence, EveryPropertyRoundTripsThroughTextWithoutThePresets) {
 
 // The label writes its doubled keys once; the fore colour kept is the one set, not the gray.
 TEST(LabelPersistence, KeysAndRoundTrip) {
-  EXPECT_EQ(label_property_keys().join(','),
-            "Caption,Alignment,RightToLeft,Enabled,ForeColor,Font,BackColor,BorderStyle,BackStyle,"
-            "BackStyle,BorderStyle,AutoSize,WordWrap,MousePointer,MouseIcon,MousePointer,"
-            "PathEllipsis,UseMnemonic");
   LabelProperties p;
   p.Caption = "Output &folder";
   p.Alignment = 2;
@@ -165,7 +161,9 @@ TEST(LabelPersistence, KeysAndRoundTrip) {
   p.MouseIcon.fill(qRgba(9, 9, 9, 255));
   PropertyBag bag;
   write_label_properties(p, "lbl", HostFont(), bag);
-  EXPECT_EQ(bag.keys().size(), 15);
+  EXPECT_EQ(bag.keys().join(','),
+            "Caption,Alignment,RightToLeft,Enabled,ForeColor,Font,BackColor,BorderStyle,BackStyle,AutoSize,"
+            "WordWrap,MousePointer,MouseIcon,PathEllipsis,UseMnemonic");
   const PropertyBagParse parsed = parse_property_bag(bag.to_text());
   ASSERT_TRUE(parsed.ok());
   const LabelProperties r = read_label_properties(parsed.bag, "lbl", HostFont());
