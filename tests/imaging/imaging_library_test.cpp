@@ -173,28 +173,26 @@ class ImagingPaste : public ::testing::Test {
   }
 };
 
+// Every pixel of a blue page after pasting the chequered watermark: its red where it lands on the
+// page, the page's blue where it is keyed out or absent.
 TEST_F(ImagingPaste, KeyedPixelsAreLeftOutAndWatermarksClippedOnEverySide) {
-  Handle page = Solid(10, 8, kBlue);
-  const Handle mark = Watermark(4, 4);
-  ASSERT_NE(Paste(page, mark, 2, 1), 0);
-  EXPECT_EQ(PixelAt(library, page, 2, 1), kBlue);  // watermark (0,0): white, keyed out
-  EXPECT_EQ(PixelAt(library, page, 3, 1), kRed);   // watermark (1,0)
-  EXPECT_EQ(PixelAt(library, page, 5, 3), kRed);   // watermark (3,2)
-  EXPECT_EQ(PixelAt(library, page, 6, 3), kBlue);  // right of the watermark
-  Handle corners = Solid(10, 8, kBlue);
-  ASSERT_NE(Paste(corners, mark, -2, -1), 0);
-  EXPECT_EQ(PixelAt(library, corners, 0, 0), kRed);   // watermark (2,1)
-  EXPECT_EQ(PixelAt(library, corners, 1, 0), kBlue);  // watermark (3,1): white
-  ASSERT_NE(Paste(corners, mark, 8, 6), 0);
-  EXPECT_EQ(PixelAt(library, corners, 9, 6), kRed);   // watermark (1,0)
-  EXPECT_EQ(PixelAt(library, corners, 9, 7), kBlue);  // watermark (1,1): white
-  // Larger than the page with no key, and wholly outside it.
-  Handle covered = Solid(5, 5, kBlue);
-  ASSERT_NE(Paste(covered, Watermark(20, 20), -3, -3, -1), 0);
-  EXPECT_EQ(PixelAt(library, covered, 0, 0), Mark(3, 3));
-  EXPECT_EQ(PixelAt(library, covered, 4, 3), Mark(7, 6));
-  ASSERT_NE(Paste(covered, mark, 100, -100), 0);
-  EXPECT_EQ(PixelAt(library, covered, 4, 3), Mark(7, 6));
+  // Page width and height, the watermark's side, where it goes, and whether white is keyed out.
+  constexpr std::tuple<int, int, int, int, int, bool> kPastes[] = {
+      {10, 8, 4, 2, 1, true},  {10, 8, 4, -2, -1, true},  {10, 8, 4, 8, 6, true},
+      {10, 8, 4, 7, -3, true}, {5, 5, 20, -3, -3, false}, {5, 5, 4, 100, -100, true}};
+  for (const auto& [width, height, side, left, top, keyed] : kPastes) {
+    Handle page = Solid(width, height, kBlue);
+    ASSERT_NE(Paste(page, Watermark(side, side), left, top, keyed ? 0xFFFFFF : -1), 0);
+    const std::vector<Rgba> pixels = Pixels(library, page);
+    for (int y = 0; y < height; ++y) {
+      for (int x = 0; x < width; ++x) {
+        const bool on = x >= left && x < left + side && y >= top && y < top + side;
+        const Rgba mark = on ? Mark(x - left, y - top) : kBlue;
+        EXPECT_EQ(pixels[y * width + x], keyed && mark == kWhite ? kBlue : mark)
+            << left << "," << top << ": " << x << "," << y;
+      }
+    }
+  }
   // A page may be its own watermark; an unknown watermark fails.
   Handle self = Watermark(6, 4);
   ASSERT_NE(Paste(self, self, 1, 0, -1), 0);
