@@ -14,14 +14,9 @@ TEST(ExpandTemplate, ReplacesTokensWithoutRegardToCase) {
   EXPECT_EQ(ExpandTemplate("/out/", "{TITLE}.{OutPutType}", "/src/a.b.c.png", "jpg", 0), "/out/a.b.c.jpg");
   EXPECT_EQ(ExpandTemplate("/out/", "{Title}_{Counter}.{OutputType}", "/src/pic.png", "tif", 4), "/out/pic_004.tif");
   EXPECT_EQ(ExpandTemplate("/out/", "{title}{title}-{unknown}", "/src/p.gif", "png", 0), "/out/pp-{unknown}");
-}
-
-TEST(ExpandTemplate, CounterHasAtLeastThreeDigits) {
-  EXPECT_EQ(ExpandTemplate("", "{counter}", "x.png", "png", 999), "999");
+  EXPECT_EQ(ExpandTemplate("", "{counter}", "x.png", "png", 999), "999");  // at least three digits
   EXPECT_EQ(ExpandTemplate("", "{counter}", "x.png", "png", 1000), "1000");
-}
-
-TEST(ExpandTemplate, SourceTypeOfADotlessFileIsTheWholePath) {
+  // The source type of a dotless file is its whole path.
   EXPECT_EQ(ExpandTemplate("/o/", "{title}|{sourcetype}", "/x/readme", "png", 0), "/o/readme|/x/readme");
 }
 

@@ -86,7 +86,7 @@ TEST_F(Operations, NearestResizeCopiesPixelsExactly) {
 
 // Where an image watermark lands on a blue page: an offset on the right moves it outward, the
 // centre rounds the difference once, and white in the mark is left out. A mirror on axis 1 after
-// a mark on the left moves it to the right.
+// a mark on the left moves it to the right. A mark that cannot be read leaves the page alone.
 TEST_F(Operations, ImageWatermarkPlacementAndMirror) {
   constexpr long B = 0x0000FF, R = 0xFF0000;
   struct Case {
@@ -102,12 +102,13 @@ TEST_F(Operations, ImageWatermarkPlacementAndMirror) {
       {R, 3, 3, 10, 10, 2, 0, 2, 0, -1, {{3, 5, B}, {4, 4, R}, {6, 6, R}, {7, 5, B}}},
       {0xFFFFFF, 5, 5, 10, 10, 0, 0, 0, 0, -1, {{2, 2, B}}},
       {R, 2, 2, 4, 2, 0, 0, 0, 0, 1, {{0, 0, B}, {3, 1, R}}},
+      {R, 0, 0, 30, 20, 0, 0, 0, 0, 1, {{0, 0, B}}},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(&c - cases);
-    ASSERT_TRUE(WriteSolidImage(src.file("mark.png"), c.mark_width, c.mark_height, c.mark_rgb));
+    ASSERT_TRUE(c.mark_width == 0 || WriteSolidImage(src.file("mark.png"), c.mark_width, c.mark_height, c.mark_rgb));
     Block mark = NewBlock(kWatermark, 1), mirror = NewBlock(kMirror);
-    mark.WatermarkSource = src.file("mark.png");
+    mark.WatermarkSource = src.file(c.mark_width > 0 ? "mark.png" : "missing.png");
     mark.HAlign = c.h_align;
     mark.HOffset = c.h_offset;
     mark.VAlign = c.v_align;

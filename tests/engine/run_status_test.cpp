@@ -70,19 +70,6 @@ TEST(RunStatus, MissingOutputFolderFailsEverySaveQuietly) {
   EXPECT_TRUE(testing::ReadImageFacts(out.file("missing/a_000.jpg")).readable);
 }
 
-TEST(RunStatus, MissingWatermarkImageLeavesThePageAndGoesOn) {
-  testing::TempFolder src, out;
-  ASSERT_TRUE(WriteSolidImage(src.file("a.png"), 30, 20, 0x0000FF));
-  AppState state = MakeJob(out.slash());
-  Block mark = NewBlock(kWatermark, 1);
-  mark.WatermarkSource = src.file("no-such-mark.png");
-  state.blocks = Blocks({mark, NewBlock(kMirror)});
-  state.output.OutputFormat = 3;
-  RunJob(state, {src.file("a.png")});
-  EXPECT_EQ(PixelAt(out.file("a_000.png"), 0, 0), 0x0000FF);
-  EXPECT_EQ(testing::ReadImageFacts(out.file("a_000.png")).width, 30u);
-}
-
 // The preview run as the window starts it is checked in tests/preview; here what the engine
 // alone decides: the list of written files holds only the preview file, the fitted page stands
 // in the middle of the frame, the output folder is left alone, and the preview mode ends.
@@ -110,7 +97,6 @@ TEST(RunMetadata, TagsAndResolutionSurviveOperationsThatReplaceThePage) {
   const std::string source = src.file("tagged.png");
   FIBITMAP* dib = FreeImage_Allocate(40, 30, 24);
   FreeImage_SetDotsPerMeterX(dib, 11811);  // 300 dpi
-  FreeImage_SetDotsPerMeterY(dib, 11811);
   FreeImage_SetMetadataKeyValue(FIMD_COMMENTS, dib, "Author", "Velmora tests");
   ASSERT_TRUE(FreeImage_Save(FIF_PNG, dib, source.c_str(), 0));
   FreeImage_Unload(dib);
