@@ -103,34 +103,27 @@ TEST_F(ImagingFiles, MissingEmptyAndGarbageFilesFailQuietly) {
   EXPECT_EQ(library.LiveImageCount(), 0u);
 }
 
-// Cuts inside an icon directory or an EXR header once made FreeImage hang or allocate gigabytes.
-TEST_F(ImagingFiles, FilesCutShortNeverHangAndGiveAtMostWhatIsThere) {
-  ASSERT_TRUE(samples::WriteMultipageTiff(folder.file("full.tif"), 40, 30, 3));
-  ASSERT_TRUE(samples::WriteAnimatedGif(folder.file("full.gif"), 40, 30, 3));
+// Every page of multipage files, GIF frames composed as shown; files cut short give at most
+// what is there (cuts inside an icon directory or an EXR header once made FreeImage hang or
+// allocate gigabytes).
+TEST_F(ImagingFiles, FilesCountAndLoadEveryPageAndFilesCutShortNeverHang) {
+  ASSERT_TRUE(samples::WriteMultipageTiff(folder.file("full.tif"), 24, 32, 3));
+  ASSERT_TRUE(samples::WriteAnimatedGif(folder.file("full.gif"), 30, 20, 4));
   ASSERT_TRUE(samples::WriteIcon(folder.file("full.ico"), 32));
   ASSERT_TRUE(samples::WriteFloatExr(folder.file("full.exr"), 40, 30));
-  for (const std::string extension : {"tif", "gif", "ico", "exr"}) {
-    const std::string whole = ReadWholeFile(folder.file("full." + extension));
+  for (const auto& [extension, pages] : {std::pair{".tif", 3u}, {".gif", 4u}, {".ico", 1u}, {".exr", 1u}}) {
+    EXPECT_EQ(Count(std::string("full") + extension), int(pages)) << extension;
+    EXPECT_EQ(LoadAll(std::string("full") + extension).size(), pages) << extension;
+    const std::string whole = ReadWholeFile(folder.file(std::string("full") + extension));
     for (const std::size_t keep :
          {std::size_t{5}, std::size_t{12}, std::size_t{30}, std::size_t{60}, whole.size() / 2}) {
-      const std::string name = "cut" + std::to_string(keep) + "." + extension;
+      const std::string name = "cut" + std::to_string(keep) + extension;
       WriteWholeFile(folder.file(name), whole.substr(0, keep));
-      EXPECT_LE(Count(name), 3) << name;
-      EXPECT_LE(LoadAll(name).size(), 3u) << name;
+      EXPECT_LE(Count(name), int(pages)) << name;
+      EXPECT_LE(LoadAll(name).size(), pages) << name;
     }
   }
-}
-
-TEST_F(ImagingFiles, FilesCountAndLoadEveryPageAndGifFramesAsShown) {
-  ASSERT_TRUE(samples::WriteMultipageTiff(folder.file("scan.tif"), 24, 32, 3));
-  ASSERT_TRUE(samples::WriteAnimatedGif(folder.file("spin.gif"), 30, 20, 4));
-  ASSERT_TRUE(samples::WriteIcon(folder.file("a.ico"), 16));
-  LoadSample(library, folder.file("a.exr"), 20, 10);
-  for (const auto& [name, pages] : {std::pair{"scan.tif", 3}, {"spin.gif", 4}, {"a.ico", 1}, {"a.exr", 1}}) {
-    EXPECT_EQ(Count(name), pages) << name;
-    EXPECT_EQ(LoadAll(name).size(), std::size_t(pages)) << name;
-  }
-  const auto scan = LoadAll("scan.tif"), spin = LoadAll("spin.gif");
+  const auto scan = LoadAll("full.tif"), spin = LoadAll("full.gif");
   for (const Handle page : scan) EXPECT_EQ(FactsOf(library, page).height, 32u);
   for (const Handle page : spin) EXPECT_EQ(FactsOf(library, page).width, 30u);
   // Each frame is tinted differently by the generator, and composed frames are opaque.

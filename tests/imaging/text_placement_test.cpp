@@ -53,20 +53,5 @@ TEST(TextPlacement, TurnsMoveLinePointsAboutTheAnchor) {
   EXPECT_NEAR(back.y, -3.25, 1e-9);
 }
 
-// The visible part of the line holds every image corner; the touched part of the image is clipped to it.
-TEST(TextPlacement, AreasCoverTheImageAndStayInsideIt) {
-  const LineTransform slanted(AnchorLine(kLine, Box(3, 1)), 30);
-  const PixelRect area = VisibleLineArea(slanted, 200, 100);
-  for (const PointF corner : {PointF{0, 0}, PointF{200, 0}, PointF{0, 100}, PointF{200, 100}}) {
-    const PointF p = slanted.ToLine(corner);
-    EXPECT_TRUE(p.x >= area.left && p.x <= area.right && p.y >= area.top && p.y <= area.bottom) << p.x << "," << p.y;
-  }
-  const LineTransform upright(AnchorLine(kLine, Box(3, 1)), 0);
-  const PixelRect touched = TouchedImageArea(upright, {-500, -500, 500, 500}, 200, 100);
-  EXPECT_EQ(touched.left + touched.top, 0);
-  EXPECT_EQ(touched.right * 1000 + touched.bottom, 200100);
-  EXPECT_TRUE(TouchedImageArea(upright, {5000, 0, 5100, 40}, 200, 100).empty());
-}
-
 }  // namespace
 }  // namespace velmora::imaging::text
