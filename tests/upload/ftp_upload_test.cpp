@@ -1,8 +1,10 @@
-// The FTP upload against a real FTP server on 127.0.0.1, plain and with TLS.
+// The FTP upload against a real FTP server on 127.0.0.1, plain and with TLS, and the readings of
+// host, error and port at the edges the server never reaches.
 #include "upload/ftp_upload.h"
 
 #include "tests/upload/upload_fixture.h"
 #include "upload/ftp_client.h"
+#include "upload/ftp_text.h"
 #include "upload/picasa_upload.h"
 
 namespace velmora::testing {
@@ -46,8 +48,7 @@ TEST_F(FtpUploadTest, FilesArriveByteIdenticalOneAfterAnotherAndAMissingOneIsPas
       state.settings.FtpPort = std::to_string(port) + (passive ? "" : "xyz");  // letters behind the number are dropped
       state.settings.FtpPath = passive ? "/incoming" : "/incoming/";
       Upload();
-      EXPECT_TRUE(Remote("first.jpg") == first && Remote("second.png") == second)
-          << "bytes differ: " << Remote("first.jpg").size() << " " << Remote("second.png").size() << view.session_log;
+      EXPECT_TRUE(Remote("first.jpg") == first && Remote("second.png") == second) << "bytes differ";
       EXPECT_EQ(view.shown,
                 "status Connecting...\nfile \nrange 0 2\nat 0\nstatus Uploading...\n"
                 "log Uploading...\nat 0\nfile first.jpg\nlog Upload complete.\nat 1\nfile vanished.jpg\n"
@@ -139,6 +140,18 @@ TEST_F(FtpUploadTest, WithoutAServerOrAUserNameTheButtonsOpenTheirSettingsTab) {
   upload::Button7Click(state, upload, view, hosts);
   upload::Button6Click(state, upload, view, hosts);
   EXPECT_EQ(view.shown, "settings tab 4\nsettings tab 3\n");
+}
+
+TEST(FtpText, HostErrorAndPortReadings) {
+  using namespace upload;
+  EXPECT_EQ(CheckFTP("FTP:a.org") + " " + CheckFTP("Ftp:///a.org/pub/") + " " + CheckFTP("ftp://"),
+            "a.org a.org/pub/ ftp://");
+  EXPECT_EQ(MsgErr("<log><ERROR>Login denied</Error></log>"), "Login denied");
+  EXPECT_EQ(MsgErr("<error></error>") + MsgErr("<error>a</error><error>b</error>"), "a");
+  EXPECT_EQ(MsgErr("<log><error>never closed</log>"), "<log><error>never closed</log>");
+  // Ports beyond the int range read as none.
+  EXPECT_EQ(FtpPortValue("2147483647") + FtpPortValue("-2147483648"), 0);
+  EXPECT_EQ(FtpPortValue("-2147483647"), -2147483647);
 }
 
 }  // namespace

@@ -62,8 +62,7 @@ def ftp(root, tls, cut, busy):
 
 
 def http(folder, tls):
-    lock = threading.Lock()
-    served = {"count": 0}
+    served = {"count": 0}  # the requests come one at a time
 
     def handler(scheme):
         class Handler(BaseHTTPRequestHandler):
@@ -76,13 +75,11 @@ def http(folder, tls):
                 length = int(self.headers.get("Content-Length", 0))
                 body = self.rfile.read(length) if length else b""
                 path = self.path.split("?", 1)[0]
-                with lock:
-                    served["count"] += 1
-                    turn = served.setdefault((self.command, path), 0)
-                    served[(self.command, path)] = turn + 1
-                    head = "".join("%s: %s\r\n" % item for item in self.headers.items())
-                    with open("%s/requests/%d" % (folder, served["count"]), "wb") as out:
-                        out.write(("%s %s\r\n%s\r\n" % (scheme, self.requestline, head)).encode("latin-1") + body)
+                served["count"] += 1
+                turn = served[(self.command, path)] = served.get((self.command, path), -1) + 1
+                head = "".join("%s: %s\r\n" % item for item in self.headers.items())
+                with open("%s/requests/%d" % (folder, served["count"]), "wb") as out:
+                    out.write(("%s %s\r\n%s\r\n" % (scheme, self.requestline, head)).encode("latin-1") + body)
                 with open(folder + "/routes.txt") as routes:
                     lines = [line.split() for line in routes if line.split()[:2] == [self.command, path]]
                 route = lines[min(turn, len(lines) - 1)] if lines else ["", "", "404", "-"]

@@ -1,15 +1,17 @@
-// The web-album upload against a local HTTP server that plays the account service (over TLS
-// for the sign-in, plain HTTP for captcha images) and the album service.
-#include "upload/picasa_upload.h"
-
+// The web-album upload and the update check against a local HTTP server that plays the account
+// service (over TLS for the sign-in, plain HTTP for captcha images), the album service and the
+// maker's site; and the web album's text readings at the edges the server never reaches.
 #include "tests/upload/upload_fixture.h"
+#include "upload/picasa_text.h"
+#include "upload/picasa_upload.h"
+#include "upload/update_check.h"
 
 namespace velmora::testing {
 namespace {
 
 const std::string kLogin = "POST /accounts/ClientLogin ";
 const std::string kFeed = "GET /data/feed/api/user/alice 200 feed.xml\n";
-const std::string kPost = "POST /data/feed/api/user/alice/albumid/222 ";
+const std::string kPost = "POST /a/feed/222 ";
 
 class PicasaUploadTest : public UploadTest {
  protected:
@@ -22,11 +24,10 @@ class PicasaUploadTest : public UploadTest {
     state.settings.PicasaUsername = "alice";
     state.settings.PicasaPassword = "p&ss word";
     Serve("signed-in.txt", "SID=sid1\nLSID=lsid1\nAuth=TOKEN123\n");
-    Serve(
-        "feed.xml",
-        "<?xml version='1.0'?><feed><title>alice</title><entry><id>http://127.0.0.1/data/entry/api/user/alice/albumid/"
-        "111</id><title type='text'>Trip</title></entry><entry><id>https://127.0.0.1/data/entry/api/user/alice/"
-        "albumid/222</id><title>Garden</title></entry></feed>");
+    Serve("feed.xml",
+          "<?xml version='1.0'?><feed><title>alice</title><entry><id>http://127.0.0.1/a/entry/111</id>"
+          "<title type='text'>Trip</title></entry><entry><id>https://127.0.0.1/a/entry/222</id>"
+          "<title>Garden</title></entry></feed>");
     view.album_row = 1;
   }
   bool Upload() { return upload::UploadPicasa(state, upload, view, hosts); }
@@ -62,7 +63,7 @@ TEST_F(PicasaUploadTest, SignsInListsAlbumsAndPostsFilesUntilOneIsRefused) {
 
 TEST_F(PicasaUploadTest, AnHttpAlbumIdGivesTheFeedPathAndTheTokenEndsAtItsLine) {
   Serve("odd.txt", "SID=s\nAuth=TOK\nXYZWV");
-  Serve("routes.txt", kLogin + "200 odd.txt\n" + kFeed + "POST /data/feed/api/user/alice/albumid/111 201 -\n");
+  Serve("routes.txt", kLogin + "200 odd.txt\n" + kFeed + "POST /a/feed/111 201 -\n");
   view.album_row = 0;
   AddWrittenFile("a.gif", 10);
   ASSERT_TRUE(Upload());
@@ -119,6 +120,61 @@ TEST_F(PicasaUploadTest, EachRefusalEndsTheUploadWithItsMessage) {
     EXPECT_TRUE(Has(view.shown, message));
     EXPECT_TRUE(view.shown.ends_with("\nstatus Failed\nfile \n")) << view.shown;
   }
+}
+
+class UpdateCheckTest : public UploadTest {};
+
+// Checking as version 4.2: a number in angle brackets above 402 is news, one not above it is not,
+// and a file without one, or no file, is a failure.
+TEST_F(UpdateCheckTest, TheNumberInTheVersionFileDecides) {
+  hosts.MakerHost = "127.0.0.1";
+  hosts.MakerPort = StartHttp().port;
+  const std::string newer =
+      "wait shown\nwait hidden\nmessage i? New version is available. Upgrade from official website?\n";
+  const std::string current = "wait shown\nwait hidden\nmessage i No updates available\n";
+  const std::string failed = "wait shown\nwait hidden\nmessage ! Failed to check for updates\n";
+  const struct {
+    std::string file, status;
+    upload::UpdateOutcome outcome;
+    std::string shown;
+    bool yes = false;  // the answer to the question
+  } cases[] = {
+      {"Velmora <403>\n", "200", upload::UpdateOutcome::kNewVersion,
+       newer + "open http://127.0.0.1:" + std::to_string(hosts.MakerPort) + "/VelmoraSetup.zip\nmain window closed\n",
+       true},
+      {"<500>", "200", upload::UpdateOutcome::kNewVersion, newer},
+      {"<402>", "200", upload::UpdateOutcome::kCurrent, current},
+      {"<402.0> and later text", "200", upload::UpdateOutcome::kCurrent, current},
+      {"<not a number>", "200", upload::UpdateOutcome::kCurrent, current},
+      {"402", "200", upload::UpdateOutcome::kFailed, failed},
+      {"> 1 <2", "200", upload::UpdateOutcome::kFailed, failed},
+      {"<403", "200", upload::UpdateOutcome::kFailed, failed},
+      {"<403>", "404", upload::UpdateOutcome::kFailed, failed},
+      {"<403>", "close", upload::UpdateOutcome::kFailed, failed}};
+  for (const auto& [file, status, outcome, shown, yes] : cases) {
+    view = RecordingUploadView();
+    view.yes = yes;
+    Serve("version.txt", file);
+    Serve("routes.txt", "GET /!velmora-current-version.txt " + status + " version.txt\n");
+    EXPECT_EQ(upload::CheckUpdates(view, 4, 2, hosts), outcome) << file;
+    EXPECT_EQ(view.shown, shown) << file;
+  }
+  EXPECT_TRUE(Request(1).starts_with("http GET /!velmora-current-version.txt HTTP/1.1\r\n"));
+}
+
+TEST(PicasaText, ElementMediaTypeTokenAndAlbumPath) {
+  using namespace upload;
+  EXPECT_EQ(TagValue("TITLE", "<html>1</html><title type='text'>Trip</Title>"), "Trip");
+  EXPECT_EQ(TagValue("id", "<id>never closed") + TagValue("id", "<id never ends") + TagValue("id", "<title>x</title>"),
+            "");
+  // The opening search takes any element whose name starts with the tag.
+  EXPECT_EQ(TagValue("id", "<identity>x</identity><id>y</id>"), "x</identity><id>y");
+  EXPECT_EQ(ContentTypeOfPath("/out/a.JPEG ") + " " + ContentTypeOfPath("a.Bmp"), "image/jpeg image/bmp");
+  for (const char* none : {"a.tif", "noextension", "", "/dir.v2/file"}) EXPECT_EQ(ContentTypeOfPath(none), "") << none;
+  EXPECT_EQ(AuthTokenOf("auth=  T  \nXYZWVU"), "T  \nXYZW");
+  EXPECT_EQ(AuthTokenOf("Auth=no line feed"), "");
+  EXPECT_EQ(AlbumPathOf("HTTPS://PicasaWeb.Google.com/data/ENTRY/api/user/u/albumid/7", "picasaweb.google.com"),
+            "/data/feed/api/user/u/albumid/7");
 }
 
 }  // namespace
