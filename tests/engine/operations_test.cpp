@@ -65,8 +65,7 @@ TEST_F(Operations, ResizeAndRotateSizes) {
     EXPECT_EQ(facts.width, c.out_width);
     EXPECT_EQ(facts.height, c.out_height);
   }
-  // Counter-clockwise, a free angle turns twice, each turn growing the canvas: after 90 degrees
-  // in two steps the 40 x 20 page stands upright in a larger canvas.
+  // Counter-clockwise it turns twice, each turn growing the canvas: 40 x 20 stands upright.
   const testing::ImageFacts facts = Convert(40, 20, {Turn(45, 0)});
   EXPECT_GT(facts.width, 40u);
   EXPECT_GT(facts.height, 50u);

@@ -139,6 +139,11 @@ TEST_F(RunFormats, EveryFormatAndDepthOfEverySampleReadsBack) {
         EXPECT_EQ(facts.bpp, c.bpp == 0 ? facts.bpp : opaque_png ? 24u : c.bpp);  // 0: as the page came
         EXPECT_TRUE(c.format != 6 || facts.image_type == FIT_RGBF || facts.image_type == FIT_RGBAF);
         EXPECT_EQ(facts.pages, one_file ? s.pages : 1);
+        if (c.format == 0 && c.bpp == 16) {  // the first 16-bit entry is 5-5-5, the second 5-6-5
+          FIBITMAP* dib = FreeImage_Load(FIF_BMP, (title + page + ".bmp").c_str());
+          EXPECT_EQ(FreeImage_GetGreenMask(dib), c.depth == 2 ? FI16_555_GREEN_MASK : FI16_565_GREEN_MASK);
+          FreeImage_Unload(dib);
+        }
       }
     }
   }
