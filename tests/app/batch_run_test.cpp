@@ -119,8 +119,8 @@ class Batch : public ::testing::Test {
 
 // Folders are scanned files first, type by type and by name without regard to case, then
 // subfolders; a file already taken, an empty one and a folder link are passed over, a link to a
-// file is a file, and a named file is taken whatever its type. The profile brings the chain and its output folder; the
-// options override its format and template.
+// file is a file, and a named file is taken whatever its type. The profile brings the chain and
+// its output folder; the options override its format and template.
 TEST_F(Batch, ConvertsTheSourcesInScanOrderWithTheProfileAndTheOptions) {
   MakeTree();
   const std::string profile = Profile([&](engine::AppState& state) {
@@ -207,53 +207,42 @@ TEST_F(Batch, RefusedRunsExitEarlyAndWriteNothing) {
 }
 
 // Without --profile the job is the window's last profile, else "default.profile", else a new
-// profile's settings; whichever it is, the batch writes no profile and no settings.ini.
-struct StartCase {
-  const char* name;
-  bool last_exists, default_exists;
-  const char* output;  // relative to the work folder; "" for the data folder's Output
-  const char* notice;  // the line on standard error; %L the last profile, %D default.profile
-};
-class BatchStart : public Batch, public ::testing::WithParamInterface<StartCase> {};
-
-TEST_P(BatchStart, ReadsTheStartProfileAndWritesNoProfile) {
-  const StartCase& c = GetParam();
+// profile's settings; whichever it is, the batch writes no profile and no settings.ini. The data
+// folder gains those files step by step.
+TEST_F(Batch, ReadsTheStartProfileAndWritesNoProfile) {
   ASSERT_TRUE(samples::WritePhotoJpeg(Work("cover.jpg"), 16, 8));
   const std::string last = Data("Profiles/last.profile"), fallback = Data("Profiles/default.profile");
-  fs::create_directories(Data("Profiles"));
-  for (const auto& [exists, path, folder] :
-       {std::tuple{c.last_exists, last, "from-last/"}, std::tuple{c.default_exists, fallback, "from-default/"}}) {
-    if (!exists) continue;
+  const auto job = [&](const std::string& folder, const std::string& path) {
     Profile(
         [&](engine::AppState& state) {
           state.output.OutputFolder = Work(folder);
           state.output.NameTemplate = "{Title}.{OutputType}";
         },
         path);
+  };
+  const std::tuple<std::function<void()>, std::string, std::string> steps[] = {
+      {[] {}, Data("Output/cover_000.jpg"), "no profile found; using the settings of a new profile"},
+      {[&] {
+         fs::create_directories(Data("Profiles"));
+         job("from-default/", fallback);
+         testing::WriteWholeFile(Data("settings.ini"), "[Main]\r\nLastProfile=" + last + "\r\n");
+       },
+       Work("from-default/cover.jpg"), "the last profile " + last + " is missing; using " + fallback},
+      {[&] { job("from-last/", last); }, Work("from-last/cover.jpg"), ""},
+  };
+  for (const auto& [prepare, output, notice] : steps) {
+    SCOPED_TRACE(output);
+    prepare();
+    const auto before = Files(home_.path());
+    const Result result = Run({"cover.jpg"});
+    ASSERT_EQ(result.code, 0) << result.err;
+    EXPECT_EQ(result.err, notice.empty() ? "" : "velmora-batch: " + notice + "\n");
+    EXPECT_EQ(ReadImageFacts(output).format, FIF_JPEG);
+    auto after = Files(home_.path());
+    after.erase(fs::relative(output, home_.path()).string());
+    EXPECT_TRUE(after == before);
   }
-  if (c.default_exists) testing::WriteWholeFile(Data("settings.ini"), "[Main]\r\nLastProfile=" + last + "\r\n");
-  const auto before = Files(home_.path());
-
-  const Result result = Run({"cover.jpg"});
-  ASSERT_EQ(result.code, 0) << result.err;
-  std::string notice = c.notice;
-  for (const auto& [mark, path] : {std::pair{"%L", last}, std::pair{"%D", fallback}})
-    if (const auto at = notice.find(mark); at != std::string::npos) notice.replace(at, 2, path);
-  EXPECT_EQ(result.err, notice.empty() ? "" : "velmora-batch: " + notice + "\n");
-  const std::string output = *c.output ? Work(c.output) : Data("Output/cover_000.jpg");
-  EXPECT_EQ(ReadImageFacts(output).format, FIF_JPEG);
-  auto after = Files(home_.path());
-  after.erase(fs::relative(output, home_.path()).string());
-  EXPECT_TRUE(after == before);
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, BatchStart,
-                         ::testing::Values(StartCase{"NothingOnDisk", false, false, "",
-                                                     "no profile found; using the settings of a new profile"},
-                                           StartCase{"LastProfile", true, true, "from-last/cover.jpg", ""},
-                                           StartCase{"LastProfileGone", false, true, "from-default/cover.jpg",
-                                                     "the last profile %L is missing; using %D"}),
-                         [](const auto& info) { return std::string(info.param.name); });
 
 // Converting a folder into itself replaces every original with its conversion, at any --jobs.
 // Crosswise, the sources come in reverse order and are named by counter, so that each output
@@ -297,39 +286,35 @@ INSTANTIATE_TEST_SUITE_P(Jobs, BatchInPlace,
                                            InPlaceCase{1, true}, InPlaceCase{8, true}));
 
 // A killed run and a full disk leave only complete files under final names: single-page TIFF
-// files, or multipage ones appended page by page.
-class BatchInterrupted : public Batch, public ::testing::WithParamInterface<bool> {
- protected:
-  // The arguments of a TIFF job (32 bits, no compression: large files) over `count` sources, run
-  // once into reference/ for the bytes of complete files.
-  std::vector<std::string> Sources(int count, int width, int height) const {
-    Profile([&](engine::AppState& state) {
-      state.output.NameTemplate = "{Title}.{OutputType}";
-      state.output.OutputFormat = 5;
-      state.output.MultipageMode = GetParam() ? 1 : 0;
-      state.output.CompressionIndex = 0;
-      state.blocks.Append(engine::NewBlock(engine::kResize));
-    });
-    std::vector<std::string> arguments = {"--profile", "job.profile"};
-    for (int i = 0; i < count; ++i) {
-      arguments.push_back("s" + std::to_string(10 + i) + ".tif");
-      EXPECT_TRUE(GetParam()
-                      ? samples::WriteMultipageTiff(Work(arguments.back()), width, height, 3)
-                      : samples::WritePhoto(Work(arguments.back()), width, height, static_cast<unsigned>(i + 1)));
-    }
-    arguments.insert(arguments.end(), {"--output-folder", "reference"});
-    EXPECT_EQ(Run(arguments).code, 0);
-    arguments.pop_back();
-    return arguments;
-  }
-};
+// files, or multipage ones appended page by page (32 bits, no compression: large files).
+class BatchInterrupted : public Batch, public ::testing::WithParamInterface<bool> {};
 
-TEST_P(BatchInterrupted, AKilledRunLeavesNoPartialFileUnderAFinalName) {
-  std::vector<std::string> arguments = GetParam() ? Sources(4, 1200, 800) : Sources(6, 2400, 1600);
-  arguments.push_back("out");
+TEST_P(BatchInterrupted, AKilledRunAndAFullDiskLeaveNoPartialFileUnderAFinalName) {
+  Profile([&](engine::AppState& state) {
+    state.output.NameTemplate = "{Title}.{OutputType}";
+    state.output.OutputFormat = 5;
+    state.output.MultipageMode = GetParam() ? 1 : 0;
+    state.output.CompressionIndex = 0;
+    state.blocks.Append(engine::NewBlock(engine::kResize));
+  });
+  std::vector<std::string> sources = {"--profile", "job.profile"};
+  for (int i = 0; i < (GetParam() ? 4 : 6); ++i) {
+    sources.push_back("s" + std::to_string(10 + i) + ".tif");
+    ASSERT_TRUE(GetParam() ? samples::WriteMultipageTiff(Work(sources.back()), 1200, 800, 3)
+                           : samples::WritePhoto(Work(sources.back()), 2400, 1600, static_cast<unsigned>(i + 1)));
+  }
+  const auto run_into = [&](const std::string& folder, std::vector<std::string> options,
+                            const std::function<void(pid_t)>& during) {
+    options.insert(options.end(), {"--output-folder", folder});
+    options.insert(options.end(), sources.begin(), sources.end());
+    return Run(options, during);
+  };
+  ASSERT_EQ(run_into("reference", {}, {}).code, 0);
+  const auto reference = Files(Work("reference"));
+
   fs::create_directories(Work("out"));
   bool caught = false;
-  Run(arguments, [&](pid_t child) {
+  run_into("out", {}, [&](pid_t child) {
     // Killed while a file is being written, once at least one is in place.
     for (const auto give_up = Clock::now() + std::chrono::seconds(60); !caught && Clock::now() < give_up;) {
       const std::vector<std::string> names = Names(Work("out"));
@@ -339,27 +324,22 @@ TEST_P(BatchInterrupted, AKilledRunLeavesNoPartialFileUnderAFinalName) {
     ::kill(child, SIGKILL);
   });
   EXPECT_TRUE(caught);
-  const auto reference = Files(Work("reference"));
   auto complete = Files(Work("out"));
   std::erase_if(complete, [](const auto& file) { return file.first[0] == '.'; });  // the temporaries
   for (const auto& [name, bytes] : complete) EXPECT_TRUE(reference.count(name) && bytes == reference.at(name)) << name;
   EXPECT_LT(complete.size(), reference.size());
-}
 
-// A small file system that fills up during the run (mounting one needs root).
-TEST_P(BatchInterrupted, AFullDiskIsReportedAndLeavesNothingPartial) {
-  std::vector<std::string> arguments = Sources(3, 300, 200);
-  const auto first = fs::file_size(Work("reference/s10.tif"));
-  arguments.insert(arguments.end(), {Work("full"), "--jobs", "1"});  // one source at a time in the small space
+  // A small file system that fills up during the run (mounting one needs root), given one source
+  // at a time.
   fs::create_directories(Work("full"));
-  const std::string size = "size=" + std::to_string((first * 3 / 2 + 4095) / 4096 * 4) + "k";
+  const std::string size = "size=" + std::to_string((reference.at("s10.tif").size() * 3 / 2 + 4095) / 4096 * 4) + "k";
   if (::mount("tmpfs", Work("full").c_str(), "tmpfs", 0, size.c_str()) != 0) GTEST_SKIP() << "cannot mount a tmpfs";
-  const Result result = Run(arguments);
+  const Result result = run_into(Work("full"), {"--jobs", "1"}, {});
   const auto files = Files(Work("full"));
   ::umount(Work("full").c_str());
   EXPECT_EQ(result.code, 3);
   EXPECT_EQ(files.size(), 1u);
-  EXPECT_TRUE(files.count("s10.tif") && files.at("s10.tif") == ReadWholeFile(Work("reference/s10.tif")));
+  EXPECT_TRUE(files.count("s10.tif") && files.at("s10.tif") == reference.at("s10.tif"));
   EXPECT_NE(result.err.find("velmora-batch: warning: cannot write " + Work("full/s11.tif") + "\n"), std::string::npos)
       << result.err;
 }
