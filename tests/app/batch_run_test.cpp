@@ -159,39 +159,38 @@ TEST_F(Batch, RefusedRunsExitEarlyAndWriteNothing) {
     state.output.OutputFolder = Work("not-made/");
   });
   Profile([](engine::AppState& state) { state.output.OutputFolder.clear(); }, Work("nowhere.profile"));
-  const std::string usage = "\nTry 'velmora-batch --help' for more information.\n";
   const std::vector<std::tuple<std::vector<std::string>, int, std::string>> cases = {
-      {{"--colour", "red", "pics"}, 2, "unknown option '--colour'" + usage},
-      {{"-q"}, 2, "no source images given: name at least one file or folder" + usage},
-      {{"--format", "webp", "pics"}, 2, "unknown format 'webp' (use bmp, jpeg, gif, png, tga, tiff or exr)" + usage},
-      {{"--jobs=0", "pics"}, 2, "--jobs needs a whole number of at least 1, not '0'" + usage},
-      {{"--jobs", "2x", "pics"}, 2, "--jobs needs a whole number of at least 1, not '2x'" + usage},
-      {{"pics", "--profile"}, 2, "--profile needs a value" + usage},
-      {{"--profile=", "pics"}, 2, "--profile needs a file name" + usage},
-      {{"--template", "", "pics"}, 2, "--template needs a non-empty template" + usage},
-      {{"--quiet=yes", "pics"}, 2, "--quiet takes no value" + usage},
-      {{"--profile", "missing.profile", "pics"}, 1, "profile not found: missing.profile\n"},
-      {{"--profile", "pics", "pics"}, 1, "profile is a folder, not a file: pics\n"},
-      {{"pics", "nope.jpg"}, 1, "no such file or folder: nope.jpg\n"},
-      {{"pics", "--", "-q"}, 1, "no such file or folder: -q\n"},
-      {{"pics", "-"}, 1, "no such file or folder: -\n"},
+      {{"--colour", "red", "pics"}, 2, "unknown option '--colour'"},
+      {{"-q"}, 2, "no source images given: name at least one file or folder"},
+      {{"--format", "webp", "pics"}, 2, "unknown format 'webp' (use bmp, jpeg, gif, png, tga, tiff or exr)"},
+      {{"--jobs=0", "pics"}, 2, "--jobs needs a whole number of at least 1, not '0'"},
+      {{"--jobs", "2x", "pics"}, 2, "--jobs needs a whole number of at least 1, not '2x'"},
+      {{"pics", "--profile"}, 2, "--profile needs a value"},
+      {{"--profile=", "pics"}, 2, "--profile needs a file name"},
+      {{"--template", "", "pics"}, 2, "--template needs a non-empty template"},
+      {{"--quiet=yes", "pics"}, 2, "--quiet takes no value"},
+      {{"--profile", "missing.profile", "pics"}, 1, "profile not found: missing.profile"},
+      {{"--profile", "pics", "pics"}, 1, "profile is a folder, not a file: pics"},
+      {{"pics", "nope.jpg"}, 1, "no such file or folder: nope.jpg"},
+      {{"pics", "--", "-q"}, 1, "no such file or folder: -q"},
+      {{"pics", "-"}, 1, "no such file or folder: -"},
       {{"extra", "pics/empty.jpg"},
        1,
-       "no source images found: the files given are empty or already listed, and the folders given hold no image "
-       "files\n"},
-      {{"--output-folder", "blocker/out", "pics"}, 1, "cannot create output folder: blocker/out/\n"},
-      {{"--output-folder", "blocker", "pics"}, 1, "output folder is not a folder: blocker/\n"},
-      {{"--profile", "nowhere.profile", "pics"}, 1, "the job names no output folder; give one with --output-folder\n"},
+       "no source images found: the files given are empty or already listed, and "
+       "the folders given hold no image files"},
+      {{"--output-folder", "blocker/out", "pics"}, 1, "cannot create output folder: blocker/out/"},
+      {{"--output-folder", "blocker", "pics"}, 1, "output folder is not a folder: blocker/"},
+      {{"--profile", "nowhere.profile", "pics"}, 1, "the job names no output folder; give one with --output-folder"},
       {{"--profile", "job.profile", "pics"},
        1,
-       "output folder does not exist and the job's \"Always Create Output Folder\" is off: " + Work("not-made/") +
-           "\n"},
+       "output folder does not exist and the job's \"Always Create Output Folder\" is off: " + Work("not-made/")},
   };
   for (const auto& [arguments, code, message] : cases) {
     SCOPED_TRACE(message);
     const Result result = Run(arguments);
     EXPECT_EQ(result.code, code);
-    EXPECT_EQ(result.err, "velmora-batch: " + message);
+    EXPECT_EQ(result.err, "velmora-batch: " + message + "\n" +
+                              (code == 2 ? "Try 'velmora-batch --help' for more information.\n" : ""));
     EXPECT_EQ(result.out, "");
     // The data folders are made only once the job is loaded.
     EXPECT_TRUE(message.find("output folder") != std::string::npos || fs::is_empty(home_.path()));
@@ -303,18 +302,16 @@ TEST_P(BatchInterrupted, AKilledRunAndAFullDiskLeaveNoPartialFileUnderAFinalName
     ASSERT_TRUE(GetParam() ? samples::WriteMultipageTiff(Work(sources.back()), 1200, 800, 3)
                            : samples::WritePhoto(Work(sources.back()), 2400, 1600, static_cast<unsigned>(i + 1)));
   }
-  const auto run_into = [&](const std::string& folder, std::vector<std::string> options,
-                            const std::function<void(pid_t)>& during) {
-    options.insert(options.end(), {"--output-folder", folder});
+  const auto with_sources = [&](std::vector<std::string> options) {
     options.insert(options.end(), sources.begin(), sources.end());
-    return Run(options, during);
+    return options;
   };
-  ASSERT_EQ(run_into("reference", {}, {}).code, 0);
+  ASSERT_EQ(Run(with_sources({"--output-folder", "reference"})).code, 0);
   const auto reference = Files(Work("reference"));
 
   fs::create_directories(Work("out"));
   bool caught = false;
-  run_into("out", {}, [&](pid_t child) {
+  Run(with_sources({"--output-folder", "out"}), [&](pid_t child) {
     // Killed while a file is being written, once at least one is in place.
     for (const auto give_up = Clock::now() + std::chrono::seconds(60); !caught && Clock::now() < give_up;) {
       const std::vector<std::string> names = Names(Work("out"));
@@ -334,7 +331,7 @@ TEST_P(BatchInterrupted, AKilledRunAndAFullDiskLeaveNoPartialFileUnderAFinalName
   fs::create_directories(Work("full"));
   const std::string size = "size=" + std::to_string((reference.at("s10.tif").size() * 3 / 2 + 4095) / 4096 * 4) + "k";
   if (::mount("tmpfs", Work("full").c_str(), "tmpfs", 0, size.c_str()) != 0) GTEST_SKIP() << "cannot mount a tmpfs";
-  const Result result = run_into(Work("full"), {"--jobs", "1"}, {});
+  const Result result = Run(with_sources({"--output-folder", Work("full"), "--jobs", "1"}));
   const auto files = Files(Work("full"));
   ::umount(Work("full").c_str());
   EXPECT_EQ(result.code, 3);
