@@ -244,13 +244,9 @@ TEST_F(Batch, ReadsTheStartProfileAndWritesNoProfile) {
 }
 
 // Converting a folder into itself replaces every original with its conversion, at any --jobs.
-// Crosswise, the sources come in reverse order and are named by counter, so that each output
+// Crosswise (the second value), the sources come in reverse order and are named by counter, so that each output
 // takes the name of another row's source.
-struct InPlaceCase {
-  int jobs;
-  bool crosswise;
-};
-class BatchInPlace : public Batch, public ::testing::WithParamInterface<InPlaceCase> {};
+class BatchInPlace : public Batch, public ::testing::WithParamInterface<std::pair<int, bool>> {};
 
 TEST_P(BatchInPlace, EveryOriginalIsReplacedByItsConversion) {
   const auto [jobs, crosswise] = GetParam();
@@ -281,8 +277,8 @@ TEST_P(BatchInPlace, EveryOriginalIsReplacedByItsConversion) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Jobs, BatchInPlace,
-                         ::testing::Values(InPlaceCase{1, false}, InPlaceCase{2, false}, InPlaceCase{8, false},
-                                           InPlaceCase{1, true}, InPlaceCase{8, true}));
+                         ::testing::Values(std::pair{1, false}, std::pair{2, false}, std::pair{8, false},
+                                           std::pair{1, true}, std::pair{8, true}));
 
 // A killed run and a full disk leave only complete files under final names: single-page TIFF
 // files, or multipage ones appended page by page (32 bits, no compression: large files).
