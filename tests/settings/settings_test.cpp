@@ -127,6 +127,7 @@ TEST(ProfileFile, ASaveThatCannotBeWrittenLeavesTheOldFileWhole) {
   ::setrlimit(RLIMIT_FSIZE, &limit);
   EXPECT_FALSE(stored);
   EXPECT_EQ(ReadWholeFile(path), before);
+  EXPECT_FALSE(SaveProfile(state, "") || SaveProfile(state, temp.path().string()));  // no name, a folder
   ASSERT_TRUE(SaveProfile(state, path));
   EXPECT_EQ(ReadIni("Profile", "7", path), "1");
   struct stat info {};
