@@ -2,6 +2,8 @@
 // host, error and port at the edges the server never reaches.
 #include "upload/ftp_upload.h"
 
+#include <tuple>
+
 #include "tests/upload/upload_fixture.h"
 #include "upload/ftp_client.h"
 #include "upload/ftp_text.h"
@@ -73,16 +75,13 @@ TEST_F(FtpUploadTest, FilesArriveByteIdenticalOneAfterAnotherAndAMissingOneIsPas
 TEST_F(FtpUploadTest, AFailedConnectionShowsWhyAndSendsNothing) {
   const int busy = StartFtp("-", "0", "busy"), tls = StartFtp(CertificateFolder()), plain = StartFtp();
   AddWrittenFile("never.jpg", 10);
-  const struct {
-    std::string host;
-    int port;
-    std::string password, words;
-  } cases[] = {{"127.0.0.1", plain, "wrong", "530"},
-               {"127.0.0.1", busy, "s3cret", "421"},  // told, not called a time-out
-               {"127.0.0.1", tls, "s3cret", "certificate"},
-               {"127.0.0.1", 1, "s3cret", "onnect"},
-               {"no-such-host.invalid", plain, "s3cret", "no-such-host.invalid"},
-               {"ftp://127.0.0.1/incoming", plain, "s3cret", "127.0.0.1/incoming"}};
+  const std::tuple<std::string, int, std::string, std::string> cases[] = {
+      {"127.0.0.1", plain, "wrong", "530"},
+      {"127.0.0.1", busy, "s3cret", "421"},  // told, not called a time-out
+      {"127.0.0.1", tls, "s3cret", "certificate"},
+      {"127.0.0.1", 1, "s3cret", "onnect"},
+      {"no-such-host.invalid", plain, "s3cret", "no-such-host.invalid"},
+      {"ftp://127.0.0.1/incoming", plain, "s3cret", "127.0.0.1/incoming"}};
   for (const auto& [host, port, password, words] : cases) {
     view = RecordingUploadView();
     state.settings.FtpHost = host;

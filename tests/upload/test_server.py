@@ -1,13 +1,12 @@
 """Servers for the upload tests on 127.0.0.1 at ports the system picks; prints its pid and ports.
 
-ftp ROOT TLS CUT BUSY: serves ROOT to "velmora" with password "s3cret"; TLS is "-" or a folder of
-    cert.pem and key.pem, then required on both channels; CUT > 0 drops the session once that many
-    bytes of an upload came; BUSY "busy" refuses every session (421).
-http DIR TLS: plain HTTP and HTTPS (certificate as above). Routes come from DIR/routes.txt, one a
-    line, "METHOD PATH STATUS BODYFILE [Header:Value ...]": PATH without the query, BODYFILE a file
-    in DIR or "-", STATUS "close" drops the connection; lines of one route answer in turn, the
-    last for good. Each request is saved first as DIR/requests/N (from 1): "http" or "https",
-    the request line, the headers as received, a blank line and the body.
+ftp ROOT TLS CUT BUSY: ROOT for "velmora", password "s3cret"; TLS "-" or a folder of cert.pem and
+    key.pem, then required on both channels; CUT > 0 drops the session after that many bytes of
+    an upload; BUSY "busy" refuses every session (421).
+http DIR TLS: plain HTTP and HTTPS. Routes from DIR/routes.txt, "METHOD PATH STATUS BODYFILE
+    [Header:Value ...]" a line (PATH without query, BODYFILE in DIR or "-", STATUS "close" drops the
+    connection; lines of one route answer in turn, the last for good). Requests are saved first
+    as DIR/requests/1, 2, ...: scheme, request line, headers as received, blank line, body.
 """
 import logging
 import os

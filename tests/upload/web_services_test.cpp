@@ -1,6 +1,8 @@
 // The web-album upload and the update check against a local HTTP server that plays the account
 // service (over TLS for the sign-in, plain HTTP for captcha images), the album service and the
 // maker's site; and the web album's text readings at the edges the server never reaches.
+#include <tuple>
+
 #include "tests/upload/upload_fixture.h"
 #include "upload/picasa_text.h"
 #include "upload/picasa_upload.h"
@@ -124,40 +126,33 @@ TEST_F(PicasaUploadTest, EachRefusalEndsTheUploadWithItsMessage) {
 
 class UpdateCheckTest : public UploadTest {};
 
-// Checking as version 4.2: a number in angle brackets above 402 is news, one not above it is not,
-// and a file without one, or no file, is a failure.
+// Checking as version 4.2: a number in angle brackets above 402 is news (the user takes the first
+// offer and declines the second), one not above it is not, and a file without one, or none, fails.
 TEST_F(UpdateCheckTest, TheNumberInTheVersionFileDecides) {
   hosts.MakerHost = "127.0.0.1";
   hosts.MakerPort = StartHttp().port;
-  const std::string newer =
-      "wait shown\nwait hidden\nmessage i? New version is available. Upgrade from official website?\n";
-  const std::string current = "wait shown\nwait hidden\nmessage i No updates available\n";
-  const std::string failed = "wait shown\nwait hidden\nmessage ! Failed to check for updates\n";
-  const struct {
-    std::string file, status;
-    upload::UpdateOutcome outcome;
-    std::string shown;
-    bool yes = false;  // the answer to the question
-  } cases[] = {
-      {"Velmora <403>\n", "200", upload::UpdateOutcome::kNewVersion,
-       newer + "open http://127.0.0.1:" + std::to_string(hosts.MakerPort) + "/VelmoraSetup.zip\nmain window closed\n",
-       true},
-      {"<500>", "200", upload::UpdateOutcome::kNewVersion, newer},
-      {"<402>", "200", upload::UpdateOutcome::kCurrent, current},
-      {"<402.0> and later text", "200", upload::UpdateOutcome::kCurrent, current},
-      {"<not a number>", "200", upload::UpdateOutcome::kCurrent, current},
-      {"402", "200", upload::UpdateOutcome::kFailed, failed},
-      {"> 1 <2", "200", upload::UpdateOutcome::kFailed, failed},
-      {"<403", "200", upload::UpdateOutcome::kFailed, failed},
-      {"<403>", "404", upload::UpdateOutcome::kFailed, failed},
-      {"<403>", "close", upload::UpdateOutcome::kFailed, failed}};
-  for (const auto& [file, status, outcome, shown, yes] : cases) {
+  using enum upload::UpdateOutcome;
+  const std::string newer = "message i? New version is available. Upgrade from official website?\n",
+                    current = "message i No updates available\n", failed = "message ! Failed to check for updates\n";
+  const std::tuple<std::string, std::string, upload::UpdateOutcome, std::string> cases[] = {
+      {"Velmora <403>\n", "200", kNewVersion,
+       newer + "open http://127.0.0.1:" + std::to_string(hosts.MakerPort) + "/VelmoraSetup.zip\nmain window closed\n"},
+      {"<500>", "200", kNewVersion, newer},
+      {"<402>", "200", kCurrent, current},
+      {"<402.0> and later text", "200", kCurrent, current},
+      {"<not a number>", "200", kCurrent, current},
+      {"402", "200", kFailed, failed},
+      {"> 1 <2", "200", kFailed, failed},
+      {"<403", "200", kFailed, failed},
+      {"<403>", "404", kFailed, failed},
+      {"<403>", "close", kFailed, failed}};
+  for (const auto& [file, status, outcome, shown] : cases) {
     view = RecordingUploadView();
-    view.yes = yes;
+    view.yes = file.starts_with("Velmora");
     Serve("version.txt", file);
     Serve("routes.txt", "GET /!velmora-current-version.txt " + status + " version.txt\n");
     EXPECT_EQ(upload::CheckUpdates(view, 4, 2, hosts), outcome) << file;
-    EXPECT_EQ(view.shown, shown) << file;
+    EXPECT_EQ(view.shown, "wait shown\nwait hidden\n" + shown) << file;
   }
   EXPECT_TRUE(Request(1).starts_with("http GET /!velmora-current-version.txt HTTP/1.1\r\n"));
 }
