@@ -1,8 +1,7 @@
 """Servers for the upload tests on 127.0.0.1 at ports the system picks; prints its pid and ports.
 
-ftp ROOT TLS CUT BUSY: ROOT for "velmora", password "s3cret"; TLS "-" or a folder of cert.pem and
-    key.pem, then required on both channels; CUT > 0 drops the session after that many bytes of
-    an upload; BUSY "busy" refuses every session (421).
+ftp ROOT TLS BUSY: ROOT for "velmora", password "s3cret"; TLS "-" or a folder of cert.pem and
+    key.pem, then required on both channels; BUSY "busy" refuses every session (421).
 http DIR TLS: plain HTTP and HTTPS. Routes from DIR/routes.txt, "METHOD PATH STATUS BODYFILE
     [Header:Value ...]" a line (PATH without query, BODYFILE in DIR or "-", STATUS "close" drops the
     connection; lines of one route answer in turn, the last for good). Requests are saved first
@@ -16,7 +15,7 @@ import threading
 from http.server import BaseHTTPRequestHandler, ThreadingHTTPServer
 
 
-def ftp(root, tls, cut, busy):
+def ftp(root, tls, busy):
     from pyftpdlib.authorizers import DummyAuthorizer
     from pyftpdlib.handlers import DTPHandler, FTPHandler, TLS_DTPHandler, TLS_FTPHandler
     from pyftpdlib.servers import FTPServer
@@ -24,7 +23,7 @@ def ftp(root, tls, cut, busy):
 
     logging.basicConfig(level=logging.WARNING)
 
-    secure, cut_after = tls != "-", int(cut)
+    secure = tls != "-"
 
     class Dtp(TLS_DTPHandler if secure else DTPHandler):
         def readable(self):
@@ -33,11 +32,6 @@ def ftp(root, tls, cut, busy):
             if secure and not self.receive and not self._initialized:
                 return self._ssl_accepting or self._ssl_want_read
             return super().readable()
-
-        def handle_read_event(self):
-            super().handle_read_event()
-            if cut_after and self.tot_bytes_received >= cut_after:
-                self.cmd_channel.close()
 
     class Handler(TLS_FTPHandler if secure else FTPHandler):
         authorizer = DummyAuthorizer()
