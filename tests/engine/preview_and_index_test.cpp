@@ -22,9 +22,9 @@ TEST(FitPreview, PagesLargerThanTheFrameFitOneSide) {
   };
   for (const auto& [width, height, frame_width, frame_height, fit_width, fit_height] : cases) {
     const FitResult fit = FitPreview(width, height, frame_width, frame_height);
-    EXPECT_EQ(fit.rescale, fit_width != 0) << width << " x " << height;
-    EXPECT_EQ(fit.width, fit_width) << width << " x " << height;
-    EXPECT_EQ(fit.height, fit_height) << width << " x " << height;
+    EXPECT_EQ((std::array<int, 3>{fit.rescale, fit.width, fit.height}),
+              (std::array<int, 3>{fit_width != 0, fit_width, fit_height}))
+        << width << " x " << height;
   }
 }
 

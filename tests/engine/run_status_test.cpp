@@ -40,13 +40,17 @@ TEST(RunStatus, PercentTextsFollowTheOperationsAndAnEmptyChainJumpsFromTenToHund
   EXPECT_EQ(view.wait_labels, (std::vector<std::string>{"10%", "36%", "63%", "90%", "100%"}));
 }
 
-// Counted, logged and given its counter are checked end to end in tests/app/batch_run_test; here
-// the list of written files, which names the unread source too, and the source left as it was.
+// Counted and given its counter end to end in tests/app; here the written files name it, the
+// source is left as it was, and only it is logged: a text watermark and an unknown block log nothing.
 TEST(RunStatus, UnreadableSourceCountsAsProcessedAndIsLogged) {
   testing::TempFolder src, out;
   testing::WriteWholeFile(src.file("broken.jpg"), "this is not an image");
   ASSERT_TRUE(WriteSolidImage(src.file("good.bmp"), 10, 10, 0x0000FF));
   AppState state = MakeJob(out.slash());
+  Block text = NewBlock(kWatermark, 0), unknown = NewBlock(kResize);
+  text.WatermarkSource = "Velmora";
+  unknown.Kind = 42;
+  state.blocks = Blocks({text, unknown});
   const testing::RecordingView view = RunJob(state, {src.file("broken.jpg"), src.file("good.bmp")});
   EXPECT_EQ(state.WrittenFiles.Entries(),
             (std::vector<std::string>{out.file("broken_000.jpg"), out.file("good_001.jpg")}));
@@ -70,9 +74,8 @@ TEST(RunStatus, MissingOutputFolderFailsEverySaveQuietly) {
   EXPECT_TRUE(testing::ReadImageFacts(out.file("missing/a_000.jpg")).readable);
 }
 
-// The preview run as the window starts it is checked in tests/preview; here what the engine
-// alone decides: the list of written files holds only the preview file, the fitted page stands
-// in the middle of the frame, the output folder is left alone, and the preview mode ends.
+// What the engine alone decides of a preview run (tests/preview starts it as the window does):
+// only the preview file is written, the output folder left alone, the page centred; preview mode ends.
 TEST(RunStatus, PreviewWritesOnlyThePreviewFileAndCentresThePage) {
   testing::TempFolder data, src, out;
   std::filesystem::create_directories(data.path() / "Temp");
@@ -104,9 +107,8 @@ TEST(RunMetadata, TagsAndResolutionSurviveOperationsThatReplaceThePage) {
   AppState state = MakeJob(out.slash());
   state.output.OutputFormat = 3;
   state.output.NameTemplate = "out.png";
-  Block nearest = NewBlock(kResize);
+  Block nearest = NewBlock(kResize), effect = NewBlock(kEffect);
   nearest.Method = 1;
-  Block effect = NewBlock(kEffect);
   effect.EffectKind = 4;
   state.blocks = Blocks({nearest, NewBlock(kRotate), effect});  // each replaces the page
   RunJob(state, {source});

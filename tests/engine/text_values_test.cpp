@@ -27,14 +27,10 @@ TEST(NumberReading, LeadingNumberRoundedHalfToEvenAndNoValueOnOverflow) {
   EXPECT_EQ(RoundHalfEven(-1e30), std::numeric_limits<std::int64_t>::min());
 }
 
-TEST(WatermarkFont, EmptyGivesDefaultsAtRunTime) {
+TEST(WatermarkFont, EmptyGivesDefaultsAndAFullOneRoundTripsWithoutQuoting) {
   FontState font{255, kTrue, kTrue, kTrue, "Other", 40, kTrue};
   ParseWatermarkFont(font, "");
   EXPECT_EQ(font, (FontState{0, kFalse, kFalse, kFalse, "Arial", 12, kFalse}));
-}
-
-TEST(WatermarkFont, RoundTripsAndFormatsWithoutQuoting) {
-  FontState font;
   ParseWatermarkFont(font, "16711680|True|False|True|DejaVu Sans|24.5|True");
   EXPECT_EQ(font, (FontState{16711680, kTrue, kFalse, kTrue, "DejaVu Sans", 24, kTrue}));
   EXPECT_EQ(FormatWatermarkFont(font), "16711680|True|False|True|DejaVu Sans|24|True");
