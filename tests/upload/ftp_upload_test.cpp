@@ -24,7 +24,7 @@ class FtpUploadTest : public UploadTest {
   }
   // A server as test_server.py takes it ("ftp" ROOT TLS BUSY); the settings point at it.
   int StartFtp(const std::string& tls = "-", const std::string& busy = "-") {
-    const int port = Start("ftp " + temp.file("root") + " " + tls + " " + busy).port;
+    const int port = Start("ftp " + temp.file("root") + " " + tls + " " + busy).first;
     state.settings.FtpPort = std::to_string(port);
     return port;
   }

@@ -10,7 +10,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
-#include <list>
 #include <stdexcept>
 
 #include "engine/app_state.h"
@@ -37,28 +36,6 @@ inline ::testing::AssertionResult Has(const std::string& text, const std::string
   if (text.find(part) != std::string::npos) return ::testing::AssertionSuccess();
   return ::testing::AssertionFailure() << "no \"" << part << "\" in:\n" << text;
 }
-
-// tests/upload/test_server.py run with `args` by the system's python, which has pyftpdlib, and
-// the ports it listens on; 0 if it did not start. It ends with the object.
-class TestServer {
- public:
-  explicit TestServer(const std::string& args)
-      : out_(::popen(("exec /usr/bin/python3 " VELMORA_SOURCE_DIR "/tests/upload/test_server.py " + args).c_str(),
-                     "r")) {
-    char line[64];
-    if (out_ && std::fgets(line, sizeof line, out_)) std::sscanf(line, "%d %d %d", &pid_, &port, &tls_port);
-  }
-  TestServer(const TestServer&) = delete;
-  ~TestServer() {
-    if (pid_ > 0) ::kill(pid_, SIGKILL);
-    if (out_) ::pclose(out_);
-  }
-  int port = 0, tls_port = 0;
-
- private:
-  std::FILE* out_;
-  int pid_ = 0;
-};
 
 // Writes each thing an upload shows as a line of `shown`: "status", "file", "range", "at" (the
 // progress bar), "log" (the process log), "message" with an icon (- X ! i) and "?" for a Yes/No
@@ -134,13 +111,27 @@ class UploadTest : public ::testing::Test {
     ::unsetenv("NO_PROXY");
   }
 
-  TestServer& Start(const std::string& args) {
-    TestServer& server = servers_.emplace_back(args);
-    if (!server.port) throw std::runtime_error("test_server.py did not start; it needs python3-pyftpdlib");
-    return server;
+  ~UploadTest() override {
+    for (const auto& [out, pid] : servers_) {
+      if (pid > 0) ::kill(pid, SIGKILL);
+      ::pclose(out);
+    }
+  }
+
+  // Runs tests/upload/test_server.py with `args` by the system's python, which has pyftpdlib, until
+  // the test ends; the ports it listens on, plain and TLS.
+  std::pair<int, int> Start(const std::string& args) {
+    std::FILE* out =
+        ::popen(("exec /usr/bin/python3 " VELMORA_SOURCE_DIR "/tests/upload/test_server.py " + args).c_str(), "r");
+    int pid = 0, port = 0, tls_port = 0;
+    char line[64];
+    if (out && std::fgets(line, sizeof line, out)) std::sscanf(line, "%d %d %d", &pid, &port, &tls_port);
+    if (out) servers_.emplace_back(out, pid);
+    if (!port) throw std::runtime_error("test_server.py did not start; it needs python3-pyftpdlib");
+    return {port, tls_port};
   }
   // The HTTP server of temp/http, answering with the files given to Serve.
-  TestServer& StartHttp() { return Start("http " + temp.file("http") + " " + CertificateFolder()); }
+  std::pair<int, int> StartHttp() { return Start("http " + temp.file("http") + " " + CertificateFolder()); }
   void Serve(const std::string& name, const std::string& content) {
     WriteWholeFile(temp.file("http/" + name), content);
   }
@@ -163,7 +154,7 @@ class UploadTest : public ::testing::Test {
   upload::ServiceHosts hosts;
 
  private:
-  std::list<TestServer> servers_;
+  std::vector<std::pair<std::FILE*, int>> servers_;  // the output and the process of each
 };
 
 }  // namespace velmora::testing

@@ -18,11 +18,9 @@ const std::string kPost = "POST /a/feed/222 ";
 class PicasaUploadTest : public UploadTest {
  protected:
   PicasaUploadTest() {
-    const TestServer& server = StartHttp();
-    hosts.AccountHost = hosts.AlbumHost = "127.0.0.1";
-    hosts.AccountHttpsPort = server.tls_port;
-    hosts.AccountHttpPort = hosts.AlbumPort = server.port;
-    hosts.ExtraCaFile = CertificateFolder() + "/cert.pem";
+    const auto [port, tls_port] = StartHttp();
+    // Sign-in over TLS, captcha images, feed and posts in plain HTTP; no maker's site.
+    hosts = {"127.0.0.1", tls_port, port, "127.0.0.1", port, "", 0, CertificateFolder() + "/cert.pem"};
     state.settings.PicasaUsername = "alice";
     state.settings.PicasaPassword = "p&ss word";
     Serve("signed-in.txt", "SID=sid1\nLSID=lsid1\nAuth=TOKEN123\n");
@@ -130,7 +128,7 @@ class UpdateCheckTest : public UploadTest {};
 // offer and declines the second), one not above it is not, and a file without one, or none, fails.
 TEST_F(UpdateCheckTest, TheNumberInTheVersionFileDecides) {
   hosts.MakerHost = "127.0.0.1";
-  hosts.MakerPort = StartHttp().port;
+  hosts.MakerPort = StartHttp().first;
   using enum upload::UpdateOutcome;
   const std::string newer = "message i? New version is available. Upgrade from official website?\n",
                     current = "message i No updates available\n", failed = "message ! Failed to check for updates\n";
