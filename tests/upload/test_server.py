@@ -1,18 +1,28 @@
 """Servers for the upload tests on 127.0.0.1 at ports the system picks; prints its pid and ports.
 
-ftp ROOT TLS BUSY: ROOT for "velmora", password "s3cret"; TLS "-" or a folder of cert.pem and
-    key.pem, then required on both channels; BUSY "busy" refuses every session (421).
+TLS is "-" or a folder for cert.pem and key.pem, a self-signed certificate for 127.0.0.1 made there
+on first use.
+ftp ROOT TLS BUSY: ROOT for "velmora", password "s3cret"; TLS required on both channels unless "-";
+    BUSY "busy" refuses every session (421).
 http DIR TLS: plain HTTP and HTTPS. Routes from DIR/routes.txt, "METHOD PATH STATUS BODYFILE
     [Header:Value ...]" a line (PATH without query, BODYFILE in DIR or "-", STATUS "close" drops the
     connection; lines of one route answer in turn, the last for good). Requests are saved first
     as DIR/requests/1, 2, ...: scheme, request line, headers as received, blank line, body.
 """
-import logging
 import os
 import ssl
+import subprocess
 import sys
 import threading
 from http.server import BaseHTTPRequestHandler, ThreadingHTTPServer
+
+
+def certificate(folder):
+    if not os.path.exists(folder + "/cert.pem"):
+        subprocess.run("openssl req -x509 -newkey rsa:2048 -nodes -days 2 -subj /CN=127.0.0.1 -addext "
+                       "subjectAltName=IP:127.0.0.1 -keyout key.pem -out cert.pem", shell=True, cwd=folder, check=True,
+                       capture_output=True)
+    return folder + "/cert.pem", folder + "/key.pem"
 
 
 def ftp(root, tls, busy):
@@ -20,8 +30,6 @@ def ftp(root, tls, busy):
     from pyftpdlib.handlers import DTPHandler, FTPHandler, TLS_DTPHandler, TLS_FTPHandler
     from pyftpdlib.servers import FTPServer
     from OpenSSL import SSL
-
-    logging.basicConfig(level=logging.WARNING)
 
     secure = tls != "-"
 
@@ -39,7 +47,7 @@ def ftp(root, tls, busy):
 
     Handler.authorizer.add_user("velmora", "s3cret", root, perm="elradfmwMT")
     if secure:
-        Handler.certfile, Handler.keyfile = tls + "/cert.pem", tls + "/key.pem"
+        Handler.certfile, Handler.keyfile = certificate(tls)
         Handler.tls_control_required = Handler.tls_data_required = True
         # Clients resume the control channel's TLS session on the data channel; the server
         # accepts that only with a session id context.
@@ -60,9 +68,6 @@ def http(folder, tls):
     def handler(scheme):
         class Handler(BaseHTTPRequestHandler):
             protocol_version = "HTTP/1.1"
-
-            def log_message(self, *args):
-                pass
 
             def answer(self):
                 length = int(self.headers.get("Content-Length", 0))
@@ -95,7 +100,7 @@ def http(folder, tls):
     plain = ThreadingHTTPServer(("127.0.0.1", 0), handler("http"))
     secure = ThreadingHTTPServer(("127.0.0.1", 0), handler("https"))
     context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
-    context.load_cert_chain(tls + "/cert.pem", tls + "/key.pem")
+    context.load_cert_chain(*certificate(tls))
     secure.socket = context.wrap_socket(secure.socket, server_side=True)
     threading.Thread(target=secure.serve_forever, daemon=True).start()
     print(os.getpid(), plain.server_address[1], secure.server_address[1], flush=True)

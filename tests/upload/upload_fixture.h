@@ -7,7 +7,6 @@
 #include <signal.h>
 
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <stdexcept>
@@ -20,14 +19,9 @@
 
 namespace velmora::testing {
 
-// The folder of cert.pem and key.pem, a self-signed certificate for 127.0.0.1 made once.
+// The folder of the test servers' certificate (cert.pem, made by the first server to use it).
 inline std::string CertificateFolder() {
   static TempFolder folder;
-  static const int made = std::system(("openssl req -x509 -newkey rsa:2048 -nodes -days 2 -subj /CN=127.0.0.1 -addext "
-                                       "subjectAltName=IP:127.0.0.1 -keyout " +
-                                       folder.file("key.pem") + " -out " + folder.file("cert.pem") + " 2>/dev/null")
-                                          .c_str());
-  EXPECT_EQ(made, 0) << "openssl could not make a certificate";
   return folder.path().string();
 }
 
@@ -37,10 +31,10 @@ inline ::testing::AssertionResult Has(const std::string& text, const std::string
   return ::testing::AssertionFailure() << "no \"" << part << "\" in:\n" << text;
 }
 
-// Writes each thing an upload shows as a line of `shown`: "status", "file", "range", "at" (the
-// progress bar), "log" (the process log), "message" with an icon (- X ! i) and "?" for a Yes/No
-// question, and so on. Plays the user: "Yes" when `yes`, the `captchas` typed in turn ("" or none
-// left is Cancel), row `album_row` of the albums chosen (-1 is Cancel), `on_yield` at each Yield.
+// Writes each thing an upload shows as a line of `shown`: "status", "file", "range" and "at" (the
+// bar), "log" (the process log), "message" with icon - X ! or i, and "?" for a question, .... Plays
+// the user: "Yes" if `yes`, the `captchas` in turn (none left is Cancel), the album in row `album_row`
+// (-1 is Cancel), `on_yield` at each Yield.
 class RecordingUploadView : public upload::UploadView {
  public:
   std::string shown, session_log;
@@ -121,8 +115,9 @@ class UploadTest : public ::testing::Test {
   // Runs tests/upload/test_server.py with `args` by the system's python, which has pyftpdlib, until
   // the test ends; the ports it listens on, plain and TLS.
   std::pair<int, int> Start(const std::string& args) {
-    std::FILE* out =
-        ::popen(("exec /usr/bin/python3 " VELMORA_SOURCE_DIR "/tests/upload/test_server.py " + args).c_str(), "r");
+    std::FILE* out = ::popen(
+        ("exec /usr/bin/python3 " VELMORA_SOURCE_DIR "/tests/upload/test_server.py " + args + " 2>/dev/null").c_str(),
+        "r");
     int pid = 0, port = 0, tls_port = 0;
     char line[64];
     if (out && std::fgets(line, sizeof line, out)) std::sscanf(line, "%d %d %d", &pid, &port, &tls_port);

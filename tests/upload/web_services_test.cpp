@@ -94,25 +94,25 @@ TEST_F(PicasaUploadTest, CaptchaRoundsCarryTokenAndAnswer) {
 // Each refusal ends the upload with its message; the answer's status and body, or libcurl's words
 // for a connection that broke, say why.
 TEST_F(PicasaUploadTest, EachRefusalEndsTheUploadWithItsMessage) {
-  Serve("refused.txt", "Error=BadAuthentication\n");
-  Serve("no-auth.txt", "SID=x\nLSID=y\n");
-  Serve("oops.txt", "feed broke");
-  Serve("bad.xml", std::string("\x01<feed><entry><title>never closed", 34));
-  Serve("captcha.txt", "Error=CaptchaRequired\nCaptchaUrl=Captcha?ctoken=x");
   AddWrittenFile("a.jpg", 500000);
-  const std::string signed_in = kLogin + "200 signed-in.txt\n",
-                    refused = "message X Failed to login to Google Picasa. ";
-  const std::pair<std::string, std::string> cases[] = {
-      {kLogin + "403 captcha.txt\n", "Connecting...\ncaptcha \nstatus Failed"},  // cancelled: no message
-      {kLogin + "403 refused.txt\n",
-       refused + "Check Username/Password and try again.\r\n\r\n403\r\nError=BadAuthentication\n\nstatus Failed"},
-      {kLogin + "200 no-auth.txt\n", "Connecting...\nmessage - Failed to login to Google Picasa\nstatus Failed"},
-      {signed_in + "GET /data/feed/api/user/alice 500 oops.txt\n",
+  const std::string signed_in = kLogin + "200 signed-in.txt\n", feed = "GET /data/feed/api/user/alice ";
+  const std::tuple<std::string, std::string, std::string> cases[] = {
+      // routes, the answer's body, what it shows
+      {kLogin + "403 body.txt\n", "Error=CaptchaRequired\nCaptchaUrl=Captcha?ctoken=x",  // cancelled: no message
+       "Connecting...\ncaptcha \nstatus Failed"},
+      {kLogin + "403 body.txt\n", "Error=BadAuthentication\n",
+       "message X Failed to login to Google Picasa. Check Username/Password and try again.\r\n\r\n403\r\n"
+       "Error=BadAuthentication\n\nstatus Failed"},
+      {kLogin + "200 body.txt\n", "SID=x\nLSID=y\n",
+       "Connecting...\nmessage - Failed to login to Google Picasa\nstatus"},
+      {signed_in + feed + "500 body.txt\n", "feed broke",
        "Connecting...\nmessage X Failed to receive list of albums\r\n\r\n500\r\nfeed broke\nstatus Failed"},
-      {signed_in + "GET /data/feed/api/user/alice 200 bad.xml\n",
+      {signed_in + feed + "200 body.txt\n", std::string("\x01<feed><entry><title>never closed", 34),
        "\nalbums\nmessage i Please choose Google Picasa album\nstatus Failed"},
-      {signed_in + kFeed + kPost + "close -\n", "\nmessage X Failed to upload photo to Google Picasa\r\n\r\n0\r\n"}};
-  for (const auto& [routes, message] : cases) {
+      {signed_in + kFeed + kPost + "close -\n", "",
+       "\nmessage X Failed to upload photo to Google Picasa\r\n\r\n0\r\n"}};
+  for (const auto& [routes, body, message] : cases) {
+    Serve("body.txt", body);
     view = RecordingUploadView();
     view.album_row = 1;
     Serve("routes.txt", routes);
