@@ -73,7 +73,7 @@ TEST_F(FtpUploadTest, FilesArriveByteIdenticalOneAfterAnotherAndAMissingOneIsPas
 // Without a server (or a user name for the web album) the buttons open their settings tab. However
 // the connection fails, one message says why, in the server's or libcurl's words without the error
 // log around them, and nothing is sent.
-TEST_F(FtpUploadTest, AFailedConnectionShowsWhyAndSendsNothing) {
+TEST_F(FtpUploadTest, WithoutAServerTheSettingsOpenAndAFailedConnectionShowsWhy) {
   state.settings.FtpHost = "   ";
   state.settings.PicasaUsername = " ";
   Upload();

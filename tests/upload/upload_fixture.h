@@ -31,10 +31,10 @@ inline ::testing::AssertionResult Has(const std::string& text, const std::string
   return ::testing::AssertionFailure() << "no \"" << part << "\" in:\n" << text;
 }
 
-// Writes each thing an upload shows as a line of `shown`: "status", "file", "range" and "at" (the
-// bar), "log" (the process log), "message" with icon - X ! or i, and "?" for a question, .... Plays
-// the user: "Yes" if `yes`, the `captchas` in turn (none left is Cancel), the album in row `album_row`
-// (-1 is Cancel), `on_yield` at each Yield.
+// Writes each thing an upload shows as a line of `shown`: "status", "file", "range" and "at" for
+// the bar, "log" for the process log, "message" with its icon (- X ! i) and "?" for a question,
+// and so on. Plays the user: "Yes" if `yes`, the `captchas` in turn (none left is Cancel), the
+// album of row `album_row` (-1 is Cancel), and `on_yield` whenever events may run.
 class RecordingUploadView : public upload::UploadView {
  public:
   std::string shown, session_log;

@@ -104,7 +104,7 @@ TEST_F(PicasaUploadTest, EachRefusalEndsTheUploadWithItsMessage) {
        "message X Failed to login to Google Picasa. Check Username/Password and try again.\r\n\r\n403\r\n"
        "Error=BadAuthentication\n\nstatus Failed"},
       {kLogin + "200 body.txt\n", "SID=x\nLSID=y\n",
-       "Connecting...\nmessage - Failed to login to Google Picasa\nstatus"},
+       "Connecting...\nmessage - Failed to login to Google Picasa\nstatus Failed"},
       {signed_in + feed + "500 body.txt\n", "feed broke",
        "Connecting...\nmessage X Failed to receive list of albums\r\n\r\n500\r\nfeed broke\nstatus Failed"},
       {signed_in + feed + "200 body.txt\n", std::string("\x01<feed><entry><title>never closed", 34),
