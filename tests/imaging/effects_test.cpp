@@ -91,6 +91,19 @@ TEST(BlurEffects, BlurSpreadsADotAsAGaussian) {
   }
 }
 
+// Blur, motion and sharpen are centred and repeat the pixels at every edge alike: turning the
+// page half round before the effect or after it gives the same pixels.
+TEST(BlurEffects, EveryEdgeIsTreatedAlike) {
+  for (const auto& [name, run] : kEffects) {
+    if (!name.starts_with("Blur") && !name.starts_with("Motion") && !name.starts_with("Sharpen")) continue;
+    Page page = MakeNoise(23, 17, 24), turned = MakeNoise(23, 17, 24);
+    FreeImage_FlipHorizontal(turned.get()), FreeImage_FlipVertical(turned.get());
+    ASSERT_TRUE(run(page.get()) && run(turned.get()));
+    FreeImage_FlipHorizontal(turned.get()), FreeImage_FlipVertical(turned.get());
+    EXPECT_EQ(Pixels(turned.get()), Pixels(page.get())) << name;
+  }
+}
+
 TEST(BlurEffects, MotionSmearsAlongTheRowOnlyAndStrongReachesFurther) {
   Page plain = MakeDot(41), strong = MakeDot(41);
   ASSERT_TRUE(fx::Motion(plain.get(), false) && fx::Motion(strong.get(), true));

@@ -132,10 +132,11 @@ TEST_F(ImagingFiles, FilesCountAndLoadEveryPageAndFilesCutShortNeverHang) {
 }
 
 // A BMP with a newer info header (108 bytes for V4, 124 for V5), 5 by 3 pixels coloured by
-// BmpColour; `masks` are red, green, blue and alpha.
+// BmpColour; `masks` are red, green, blue and alpha. An 8-bit one has the 15 colours it uses in
+// its table, or (when the header counts none) a whole table of 256.
 struct NewBmp {
   const char* name;
-  std::uint32_t header_size, bits, compression;
+  std::uint32_t header_size, bits, colours, compression;
   std::array<std::uint32_t, 4> masks;
   bool alpha_kept;
 };
@@ -168,9 +169,8 @@ std::string NewBmpBytes(const NewBmp& bmp) {
     line.resize((line.size() + 3) / 4 * 4, '\0');
     pixels += line;
   }
-  const int colours = bmp.bits == 8 ? 15 : 0;  // a short colour table
-  for (int i = 0; i < colours; ++i) {
-    const Rgba c = BmpColour(i % 5, i / 5);
+  for (int i = 0; bmp.bits == 8 && i < (bmp.colours ? int(bmp.colours) : 256); ++i) {
+    const Rgba c = i < 15 ? BmpColour(i % 5, i / 5) : Rgba{};
     put(table, c.b | c.g << 8 | c.r << 16, 4);
   }
   std::string out = "BM";
@@ -178,8 +178,8 @@ std::string NewBmpBytes(const NewBmp& bmp) {
   // File size, reserved, pixel offset, header size, width, height, one plane and the bits, ...
   for (const std::uint32_t value :
        {offset + std::uint32_t(pixels.size()), 0u, offset, bmp.header_size, 5u, 3u, 1u | bmp.bits << 16,
-        bmp.compression, std::uint32_t(pixels.size()), 2835u, 2835u, std::uint32_t(colours), 0u, bmp.masks[0],
-        bmp.masks[1], bmp.masks[2], bmp.masks[3], 0x73524742u})  // ... and the colour space "sRGB"
+        bmp.compression, std::uint32_t(pixels.size()), 2835u, 2835u, bmp.colours, 0u, bmp.masks[0], bmp.masks[1],
+        bmp.masks[2], bmp.masks[3], 0x73524742u})  // ... and the colour space "sRGB"
     put(out, value, 4);
   out.resize(14 + bmp.header_size, '\0');
   return out + table + pixels;
@@ -187,13 +187,14 @@ std::string NewBmpBytes(const NewBmp& bmp) {
 
 TEST_F(ImagingFiles, BmpFilesWithNewerHeadersRead) {
   const NewBmp cases[] = {
-      {"24-bit V4", 108, 24, 0, {}, false},
-      {"8-bit V4 palette", 108, 8, 0, {}, false},
-      {"16-bit V5 565", 124, 16, 3, {0xF800, 0x7E0, 0x1F, 0}, false},
-      {"32-bit V5 with alpha mask", 124, 32, 3, {0xFF0000, 0xFF00, 0xFF, 0xFF000000}, true},
-      {"32-bit V4 without alpha mask", 108, 32, 3, {0xFF0000, 0xFF00, 0xFF, 0}, false},
-      {"32-bit V5 red first", 124, 32, 3, {0xFF000000, 0xFF0000, 0xFF00, 0xFF}, true},
-      {"32-bit V5 without masks", 124, 32, 0, {}, false},
+      {"24-bit V4", 108, 24, 0, 0, {}, false},
+      {"8-bit V4 short palette", 108, 8, 15, 0, {}, false},
+      {"8-bit V5 whole palette", 124, 8, 0, 0, {}, false},
+      {"16-bit V5 565", 124, 16, 0, 3, {0xF800, 0x7E0, 0x1F, 0}, false},
+      {"32-bit V5 with alpha mask", 124, 32, 0, 3, {0xFF0000, 0xFF00, 0xFF, 0xFF000000}, true},
+      {"32-bit V4 without alpha mask", 108, 32, 0, 3, {0xFF0000, 0xFF00, 0xFF, 0}, false},
+      {"32-bit V5 red first", 124, 32, 0, 3, {0xFF000000, 0xFF0000, 0xFF00, 0xFF}, true},
+      {"32-bit V5 without masks", 124, 32, 0, 0, {}, false},
   };
   for (const NewBmp& bmp : cases) {
     SCOPED_TRACE(bmp.name);

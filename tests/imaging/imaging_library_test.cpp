@@ -204,7 +204,7 @@ TEST_F(ImagingPaste, KeyedPixelsAreLeftOutAndWatermarksClippedOnEverySide) {
 // a + b (1 - a), each colour weighed by its share of that.
 TEST_F(ImagingPaste, AlphaIsBlendedSourceOver) {
   const double a = 128 / 255.0;
-  for (const int page_alpha : {0, 128, 255}) {
+  for (const int page_alpha : {0, 1, 128, 254}) {
     Handle page = Solid(3, 3, {0, 0, 255, page_alpha}, true);
     ASSERT_NE(Paste(page, Solid(2, 2, {255, 0, 0, 128}, true), 0, 0), 0);
     const double b = page_alpha / 255.0, out = a + b * (1 - a);
