@@ -59,17 +59,20 @@ TEST(TextDraw, AnchorsPutTheLineInsideItsBox) {
   EXPECT_EQ(b.width() * 1000 + b.height(), a.width() * 1000 + a.height());
 }
 
-TEST(TextDraw, SizeIsPointsAtNinetySixDotsPerInch) {
-  Page small = Canvas(200, 100), large = Canvas(200, 100), unset = Canvas(200, 100);
+// Points at the request's scale, 0.75 points to the pixel (96 dots per inch) when it has none.
+TEST(TextDraw, SizeIsPointsAtTheRequestsScale) {
+  Page small = Canvas(200, 100), large = Canvas(200, 100), unset = Canvas(200, 100), halved = Canvas(200, 100);
   ASSERT_TRUE(DrawText(small.get(), Request("H", 10, 10, 12)));  // 16 pixels, capitals about 11 high
   ASSERT_TRUE(DrawText(large.get(), Request("H", 10, 10, 24)));
   // No size (a cancelled font dialog leaves 0) and no scale: the usual 12 points at 96 dpi.
   auto request = Request("H", 10, 10, 0);
   request.points_per_pixel = 0;
   ASSERT_TRUE(DrawText(unset.get(), request));
+  request.size_points = 24, request.points_per_pixel = 1.5;  // 48 dpi: the same 16 pixels
+  ASSERT_TRUE(DrawText(halved.get(), request));
   EXPECT_TRUE(Ink(small.get()).height() >= 10 && Ink(small.get()).height() <= 12) << Ink(small.get()).height();
   EXPECT_NEAR(Ink(large.get()).height(), 2 * Ink(small.get()).height(), 2);
-  EXPECT_EQ(Pixels(unset.get()), Pixels(small.get()));
+  EXPECT_TRUE(Pixels(unset.get()) == Pixels(small.get()) && Pixels(halved.get()) == Pixels(small.get()));
 }
 
 TEST(TextDraw, FullInkIsExactlyTheRequestedColourAndEdgesLieBetweenItAndThePage) {
