@@ -55,60 +55,52 @@ TEST(FitSourceBox, TheRuleOfTheBoxes) {
   }
 }
 
-// The source centred in the upper box (95.5 - 50 and 107.5 - 50 to the even neighbour; a square
-// larger than the box clipped at top and bottom), and converted into the preview file shown in
-// the lower one: in this process and in a worker process alike.
-TEST_F(PreviewNowTest, TheSelectedImageIsShownCentredAndConvertedIntoThePreviewFile) {
-  ASSERT_TRUE(samples::WritePhotoJpeg(data.file("small.jpg"), 100, 100));
-  ASSERT_TRUE(samples::WritePhotoJpeg(data.file("large.jpg"), 430, 430));
+// No selected row clears both boxes. An unreadable source shows "No Image" above and the run
+// still goes on; a source that FreeImage crashes on is read only by a worker process, which dies
+// in its place. A readable one is shown centred in the upper box (95.5 - 50 and 107.5 - 50 to the
+// even neighbour; a square larger than the box clipped at top and bottom) and converted into the
+// preview file shown in the lower one, in this process and in a worker process alike.
+TEST_F(PreviewNowTest, TheSelectedSourceIsShownAndConvertedIntoThePreviewFile) {
+  const std::string broken = data.file("broken.jpg"), small = data.file("small.jpg"), large = data.file("large.jpg");
+  testing::WriteWholeFile(broken, "not really a picture");
+  ASSERT_TRUE(samples::WritePhotoJpeg(small, 100, 100) && samples::WritePhotoJpeg(large, 430, 430));
+  const std::string crashing = VELMORA_SOURCE_DIR "/tests/fuzz/corpus/crafted/psd_huge_dims.psd";
   state.blocks = engine::Blocks({engine::NewBlock(engine::kMirror)});
   state.output.OutputFormat = 3;  // PNG, in spite of the file's name
-  const std::tuple<const char*, bool, unsigned, int, int> kCases[] = {
-      {"small.jpg", false, 100, 46, 58}, {"large.jpg", false, 215, -12, 0}, {"large.jpg", true, 215, -12, 0}};
+  // The source (none: no rows), the selected row, whether a worker reads it, and what the boxes
+  // show: cleared, or a picture's side (0: "No Image") and place in the upper box.
+  const std::tuple<const char*, int, bool, bool, unsigned, int, int> kCases[] = {
+      {nullptr, 0, false, true, 0, 0, 0},
+      {broken.c_str(), -1, false, true, 0, 0, 0},
+      {broken.c_str(), 1, false, true, 0, 0, 0},
+      {"", 0, false, true, 0, 0, 0},
+      {broken.c_str(), 0, false, false, 0, 0, 0},
+      {broken.c_str(), 0, true, false, 0, 0, 0},
+      {crashing.c_str(), 0, true, false, 0, 0, 0},
+      {small.c_str(), 0, false, false, 100, 46, 58},
+      {large.c_str(), 0, false, false, 215, -12, 0},
+      {large.c_str(), 0, true, false, 215, -12, 0}};
   std::vector<std::vector<std::uint8_t>> pixels;
-  for (const auto& [name, worker, size, top, left] : kCases) {
-    RecordingPreviewView view;
-    PreviewNow2(state, engine::SourceList{{data.file(name)}, 0}, view,
-                worker ? engine::WorkerLimits{kWorker} : engine::WorkerLimits{});
-    EXPECT_EQ(std::tuple(view.original_shown, view.original.width, view.original.height, view.original_top,
-                         view.original_left),
-              std::tuple(1, size, size, top, left))
-        << name;
-    EXPECT_EQ(std::tuple(view.pictures_shown, view.picture.width, view.picture.height, view.wait_shown),
-              std::tuple(1, size, size, false));
-    EXPECT_EQ(view.wait_labels.front() + view.wait_labels.back(), "0%100%");
-    EXPECT_EQ(testing::ReadImageFacts(PreviewFilePath(state)).format, 13);  // PNG
-    EXPECT_EQ(state.WrittenFiles.Entries(), std::vector<std::string>{PreviewFilePath(state)});
-    EXPECT_EQ(std::tuple(state.preview.PreviewMode, view.LastStatus()), std::tuple(engine::kFalse, "Completed."));
-    pixels.insert(pixels.end(), {view.original.rgba, view.picture.rgba});
-  }
-  EXPECT_TRUE(pixels[2] == pixels[4] && pixels[3] == pixels[5]);
-}
-
-// No selected row clears both boxes; an unreadable source shows "No Image" above and the run
-// still goes on. A source that FreeImage crashes on is read only by a worker process, which dies
-// in its place.
-TEST_F(PreviewNowTest, WithoutAReadableSourceNoPictureIsShown) {
-  const std::string broken = data.file("broken.jpg");
-  testing::WriteWholeFile(broken, "not really a picture");
-  const std::string crashing = VELMORA_SOURCE_DIR "/tests/fuzz/corpus/crafted/psd_huge_dims.psd";
-  // The source (none: no rows), the selected row, whether a worker reads it, and whether both
-  // boxes are cleared rather than the upper one showing "No Image".
-  const std::tuple<const char*, int, bool, bool> kCases[] = {
-      {nullptr, 0, false, true},         {broken.c_str(), -1, false, true},
-      {broken.c_str(), 1, false, true},  {"", 0, false, true},
-      {broken.c_str(), 0, false, false}, {broken.c_str(), 0, true, false},
-      {crashing.c_str(), 0, true, false}};
-  for (const auto& [source, selected, worker, cleared] : kCases) {
+  for (const auto& [source, selected, worker, cleared, side, top, left] : kCases) {
+    SCOPED_TRACE(::testing::Message() << (source ? source : "no rows") << " " << selected << " " << worker);
     RecordingPreviewView view;
     const std::vector<std::string> rows = source ? std::vector<std::string>{source} : std::vector<std::string>{};
     PreviewNow2(state, engine::SourceList{rows, selected}, view,
                 worker ? engine::WorkerLimits{kWorker} : engine::WorkerLimits{});
     EXPECT_EQ(std::tuple(view.cleared, view.no_original, view.original_shown, view.pictures_shown),
-              std::tuple(cleared ? 1 : 0, cleared ? 0 : 1, 0, 0))
-        << (source ? source : "no rows") << " " << selected;
+              std::tuple(int(cleared), int(!cleared && !side), int(side > 0), int(side > 0)));
     EXPECT_EQ(view.LastStatus(), cleared ? "" : "Completed.");
+    if (!side) continue;
+    EXPECT_EQ(std::tuple(view.original.width, view.original.height, view.original_top, view.original_left),
+              std::tuple(side, side, top, left));
+    EXPECT_EQ(std::tuple(view.picture.width, view.picture.height, view.wait_shown), std::tuple(side, side, false));
+    EXPECT_EQ(view.wait_labels.front() + view.wait_labels.back(), "0%100%");
+    EXPECT_EQ(testing::ReadImageFacts(PreviewFilePath(state)).format, 13);  // PNG
+    EXPECT_EQ(state.WrittenFiles.Entries(), std::vector<std::string>{PreviewFilePath(state)});
+    EXPECT_EQ(state.preview.PreviewMode, engine::kFalse);
+    pixels.insert(pixels.end(), {view.original.rgba, view.picture.rgba});
   }
+  EXPECT_TRUE(pixels[2] == pixels[4] && pixels[3] == pixels[5]);
 }
 
 }  // namespace
