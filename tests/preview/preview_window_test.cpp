@@ -62,8 +62,10 @@ TEST_F(PreviewWindowTest, AnImageShowsInBothBoxesOpensTheViewerAndRemoveAllClear
   ExpectPictures(false);
 }
 
-// An edit while the pane is hidden waits for Show Preview, which runs the pass through to a worker.
-TEST_F(PreviewWindowTest, TheWorkerSeesTheLatestEditsAndAHiddenPaneCatchesUp) {
+// The worker sees the latest edits through its own ApplyProfile. An edit while the pane is hidden
+// waits for Show Preview, which runs the pass through to a worker at once; a run started while that
+// worker is busy waits for it and keeps its own written files.
+TEST_F(PreviewWindowTest, TheWorkerSeesTheLatestEditsAndARunWaitsForIt) {
   AddImages({Photo("wide.jpg", 200, 100)});
   Settle();
   Next();
@@ -82,20 +84,13 @@ TEST_F(PreviewWindowTest, TheWorkerSeesTheLatestEditsAndAHiddenPaneCatchesUp) {
   QTest::mouseClick(window->fr1()->EnPreview(), Qt::LeftButton);
   EXPECT_EQ(state->preview.PreviewDirty, engine::kFalse);
   EXPECT_EQ(window->pass().LastPreviewFile, window->lwSrc()->SelectedText());
-  Settle();
-  ExpectPictures(true);
-}
-
-TEST_F(PreviewWindowTest, ARunWaitsForThePreviewAndKeepsItsOwnWrittenFiles) {
-  AddImages({Photo("a.jpg", 60, 40)});  // a worker is running now
-  Next();
   auto* folder = window->operationList()->Fixed(shell::kSaveToEntry)->findChild<QLineEdit*>("SaveToText1");
   folder->selectAll();
   QTest::keyClicks(folder, QString::fromStdString(work.file("out")));
   Next();
   QCoreApplication::processEvents();
   EXPECT_EQ(Status(), "Completed.");
-  EXPECT_EQ(state->WrittenFiles.Entries(), std::vector<std::string>{work.file("out") + "/a_000.jpg"});
+  EXPECT_EQ(state->WrittenFiles.Entries(), std::vector<std::string>{work.file("out") + "/wide_000.jpg"});
 }
 
 }  // namespace
