@@ -44,6 +44,10 @@ TEST(PreviewPass, TheMarksDecideWhetherAWorkerStarts) {
   pass.LastPreviewFile = "/b.jpg";
   Timer2_Timer(flags, pass, host);  // an edit while the worker runs: no second one, the edit lost
   EXPECT_EQ(std::tuple(host.starts, marks(), pass.LastPreviewFile), std::tuple(1, std::pair(false, true), "/b.jpg"));
+  flags.PreviewDirty = engine::kTrue, flags.ThreadRunning = engine::kFalse;
+  pass.LastPreviewFile = "/a.jpg";
+  Timer2_Timer(flags, pass, host);  // an edit of the chain, the same source: a worker all the same
+  EXPECT_EQ(std::tuple(host.starts, marks()), std::tuple(2, std::pair(false, false)));
 }
 
 }  // namespace
