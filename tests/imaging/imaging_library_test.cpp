@@ -51,6 +51,7 @@ TEST(ImagingFailureRule, OperationsRefuseZeroAndUnknownHandlesAndLeaveThem) {
       [](auto& l, auto& h, auto& r) { l.RotateFree(h, 30.0, -1.0, -1.0, 0, r); },
       [](auto& l, auto& h, auto& r) { l.FlipImage(h, 1, r); },
       [](auto& l, auto& h, auto& r) { l.FreeImage_AdjustGamma(h, 1.5, r); },
+      [](auto& l, auto& h, auto& r) { l.FreeImage_AdjustContrast(h, 10, r); },
       [](auto& l, auto& h, auto& r) { l.EffectInvert(h, r); },
       [](auto& l, auto& h, auto& r) { l.PasteWatermark(h, 4242, 0, 0, 0xFFFFFF, r); },
       [](auto& l, auto& h, auto& r) { l.ConvertToMono(h, h, 2, 128, r); },
