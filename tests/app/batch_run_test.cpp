@@ -1,8 +1,6 @@
-// velmora-batch run as a real program over generated folders: what it converts and in which
-// order, what it prints, its exit codes, what it leaves alone, and what a killed run, a full disk,
-// a dying worker or a hostile file leave behind.
+// velmora-batch run as a real program over generated folders: what it converts and in which order, what it prints,
+// its exit codes, what it leaves alone, and what a killed run, a full disk, a dying worker or a hostile file leave.
 #include <FreeImage.h>
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <spawn.h>
@@ -37,6 +35,8 @@ using Clock = std::chrono::steady_clock;
 struct Result {
   int code = -1;  // -1 when the program did not exit normally
   std::string out, err;
+  bool operator==(const Result&) const = default;
+  friend void PrintTo(const Result& r, std::ostream* os) { *os << r.code << "\nout: " << r.out << "\nerr: " << r.err; }
 };
 
 // Every file under `folder`, by its path relative to it, with its bytes.
@@ -48,11 +48,12 @@ std::map<std::string, std::string> Files(const fs::path& folder) {
   return files;
 }
 
-// The names in `folder`, sorted: temporaries, whose names start with a dot, come first.
-std::vector<std::string> Names(const fs::path& folder) {
+// The names in `folder` (or, `full`, the paths), sorted: temporaries, whose names start with a dot, come first.
+std::vector<std::string> Names(const fs::path& folder, bool full = false) {
   std::vector<std::string> names;
   std::error_code error;
-  for (const auto& entry : fs::directory_iterator(folder, error)) names.push_back(entry.path().filename().string());
+  for (const auto& entry : fs::directory_iterator(folder, error))
+    names.push_back((full ? entry.path() : entry.path().filename()).string());
   std::sort(names.begin(), names.end());
   return names;
 }
@@ -62,35 +63,33 @@ class Batch : public ::testing::Test {
   void SetUp() override { imaging::SilenceTiffMessages(); }
 
   // Runs velmora-batch in the work folder with a home folder of the test's own and its output in
-  // files, so that it sees no terminal. `during` gets the program's pid before it is waited for.
+  // files, so that it sees no terminal. `during` gets the program's pid before it is waited for:
+  // the shell and env exec in turn, so that it is velmora-batch's own.
   Result Run(std::vector<std::string> arguments, const std::function<void(pid_t)>& during = {}) const {
     const std::string out = streams_.file("out"), err = streams_.file("err");
-    arguments.insert(arguments.begin(), {"env", "-u", "XDG_CONFIG_HOME", "-C", work_.path().string(),
-                                         "HOME=" + home_.path().string(), VELMORA_BINARY_DIR "/app/velmora-batch"});
+    arguments.insert(arguments.begin(),
+                     {"sh", "-c", "exec \"$@\" >" + out + " 2>" + err, "sh", "env", "-u", "XDG_CONFIG_HOME", "-C",
+                      work_.path().string(), "HOME=" + home_.path().string(), VELMORA_BINARY_DIR "/app/velmora-batch"});
     std::vector<char*> argv;
     for (std::string& argument : arguments) argv.push_back(argument.data());
     argv.push_back(nullptr);
-    posix_spawn_file_actions_t streams;
-    posix_spawn_file_actions_init(&streams);
-    posix_spawn_file_actions_addopen(&streams, 1, out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-    posix_spawn_file_actions_addopen(&streams, 2, err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
     pid_t child = 0;
-    int status = 0, code = -1;
-    if (::posix_spawn(&child, "/usr/bin/env", &streams, nullptr, argv.data(), environ) == 0) {
-      if (during) during(child);
-      if (::waitpid(child, &status, 0) == child && WIFEXITED(status)) code = WEXITSTATUS(status);
-    }
-    posix_spawn_file_actions_destroy(&streams);
-    return {code, ReadWholeFile(out), ReadWholeFile(err)};
+    int status = 0;
+    if (::posix_spawn(&child, "/bin/sh", nullptr, nullptr, argv.data(), environ) != 0) return {};
+    if (during) during(child);
+    const bool exited = ::waitpid(child, &status, 0) == child && WIFEXITED(status);
+    return {exited ? WEXITSTATUS(status) : -1, ReadWholeFile(out), ReadWholeFile(err)};
   }
 
   std::string Work(const std::string& name) const { return work_.file(name); }
   std::string Data(const std::string& name) const { return home_.file("Documents/Velmora/" + name); }
 
-  // A profile written through the settings code over a new profile's values.
+  // A profile written through the settings code: a new profile's values with outputs named by
+  // title, then `edit`.
   std::string Profile(const std::function<void(engine::AppState&)>& edit, std::string path = "") const {
     engine::AppState state;
     settings::NewProfile(state);
+    state.output.NameTemplate = "{Title}.{OutputType}";
     edit(state);
     if (path.empty()) path = Work("job.profile");
     settings::SaveProfile(state, path);
@@ -129,21 +128,19 @@ TEST_F(Batch, ConvertsTheSourcesInScanOrderWithTheProfileAndTheOptions) {
     state.blocks.Append(engine::NewBlock(engine::kResize));  // 50 percent
   });
   const std::string profile_bytes = ReadWholeFile(profile);
-  const Result result = Run({"--profile", "job.profile", "--format=png", "--template", "{Counter}_{Title}.{OutputType}",
-                             "pics", "pics/badge.png", "extra/cover.dat"});
-  ASSERT_EQ(result.code, 0) << result.err;
-  EXPECT_EQ(result.out,
-            "[1/8] Current file: harbour.jpg\n[2/8] Current file: badge.png\n[3/8] Current file: Broken.png\n"
-            "[4/8] Current file: old.bmp\n[5/8] Current file: poster.bmp\n[6/8] Current file: beach.JPG\n"
-            "[7/8] Current file: shortcut.jpg\n[8/8] Current file: cover.dat\nCompleted.\n8 file(s) processed.\n");
-  EXPECT_EQ(result.err, "velmora-batch: warning: cannot read " + Work("pics/Broken.png") + "\n");
+  EXPECT_EQ(
+      Run({"--profile", "job.profile", "--format=png", "--template", "{Counter}_{Title}.{OutputType}", "pics",
+           "pics/badge.png", "extra/cover.dat"}),
+      (Result{0,
+              "[1/8] Current file: harbour.jpg\n[2/8] Current file: badge.png\n[3/8] Current file: Broken.png\n"
+              "[4/8] Current file: old.bmp\n[5/8] Current file: poster.bmp\n[6/8] Current file: beach.JPG\n"
+              "[7/8] Current file: shortcut.jpg\n[8/8] Current file: cover.dat\nCompleted.\n8 file(s) processed.\n",
+              "velmora-batch: warning: cannot read " + Work("pics/Broken.png") + "\n"}));
   EXPECT_EQ(Names(Work("halves")),
             (std::vector<std::string>{"000_harbour.png", "001_badge.png", "003_old.png", "004_poster.png",
                                       "005_beach.png", "006_shortcut.png", "007_cover.png"}));
   const auto harbour = ReadImageFacts(Work("halves/000_harbour.png"));
-  EXPECT_EQ(harbour.format, FIF_PNG);
-  EXPECT_EQ(harbour.width, 32u);
-  EXPECT_EQ(harbour.height, 24u);
+  EXPECT_EQ(std::tuple(harbour.format, harbour.width, harbour.height), std::tuple(int{FIF_PNG}, 32u, 24u));
   EXPECT_EQ(ReadWholeFile(profile), profile_bytes);
   EXPECT_TRUE(Files(home_.path()).empty());  // no settings.ini, no default.profile
 }
@@ -187,11 +184,9 @@ TEST_F(Batch, RefusedRunsExitEarlyAndWriteNothing) {
   };
   for (const auto& [arguments, code, message] : cases) {
     SCOPED_TRACE(message);
-    const Result result = Run(arguments);
-    EXPECT_EQ(result.code, code);
-    EXPECT_EQ(result.err, "velmora-batch: " + message + "\n" +
-                              (code == 2 ? "Try 'velmora-batch --help' for more information.\n" : ""));
-    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(Run(arguments), (Result{code, "",
+                                      "velmora-batch: " + message + "\n" +
+                                          (code == 2 ? "Try 'velmora-batch --help' for more information.\n" : "")}));
     // The data folders are made only once the job is loaded.
     EXPECT_TRUE(message.find("output folder") != std::string::npos || fs::is_empty(home_.path()));
   }
@@ -200,8 +195,7 @@ TEST_F(Batch, RefusedRunsExitEarlyAndWriteNothing) {
   for (const auto& [option, start] :
        {std::pair{"--help", "Usage: velmora-batch [OPTIONS] SOURCE...\n"}, std::pair{"--version", "velmora-batch "}}) {
     const Result result = Run({option});
-    EXPECT_EQ(result.code, 0);
-    EXPECT_EQ(result.out.rfind(start, 0), 0u) << result.out;
+    EXPECT_TRUE(result.code == 0 && result.out.starts_with(start)) << result.out;
   }
 }
 
@@ -212,12 +206,7 @@ TEST_F(Batch, ReadsTheStartProfileAndWritesNoProfile) {
   ASSERT_TRUE(samples::WritePhotoJpeg(Work("cover.jpg"), 16, 8));
   const std::string last = Data("Profiles/last.profile"), fallback = Data("Profiles/default.profile");
   const auto job = [&](const std::string& folder, const std::string& path) {
-    Profile(
-        [&](engine::AppState& state) {
-          state.output.OutputFolder = Work(folder);
-          state.output.NameTemplate = "{Title}.{OutputType}";
-        },
-        path);
+    Profile([&](engine::AppState& state) { state.output.OutputFolder = Work(folder); }, path);
   };
   const std::tuple<std::function<void()>, std::string, std::string> steps[] = {
       {[] {}, Data("Output/cover_000.jpg"), "no profile found; using the settings of a new profile"},
@@ -244,14 +233,14 @@ TEST_F(Batch, ReadsTheStartProfileAndWritesNoProfile) {
 }
 
 // Converting a folder into itself replaces every original with its conversion, at any --jobs.
-// Crosswise (the second value), the sources come in reverse order and are named by counter, so that each output
-// takes the name of another row's source.
+// Crosswise (the second value), the sources come in reverse order and are named by counter, so
+// that each output takes the name of another row's source.
 class BatchInPlace : public Batch, public ::testing::WithParamInterface<std::pair<int, bool>> {};
 
 TEST_P(BatchInPlace, EveryOriginalIsReplacedByItsConversion) {
   const auto [jobs, crosswise] = GetParam();
   Profile([&](engine::AppState& state) {
-    state.output.NameTemplate = crosswise ? "{Counter}.{OutputType}" : "{Title}.{OutputType}";
+    if (crosswise) state.output.NameTemplate = "{Counter}.{OutputType}";
     state.blocks.Append(engine::NewBlock(engine::kResize));
   });
   for (const std::string folder : {"reference", "photos0", "photos1", "photos2"}) {
@@ -266,9 +255,7 @@ TEST_P(BatchInPlace, EveryOriginalIsReplacedByItsConversion) {
       if (crosswise) arguments.insert(arguments.end() - i, name);
     }
     if (!crosswise) arguments.push_back(sources);
-    const Result result = Run(arguments);
-    ASSERT_EQ(result.code, 0) << result.err;
-    EXPECT_EQ(result.out, "");
+    ASSERT_EQ(Run(arguments), (Result{0, "", ""}));
     EXPECT_TRUE(folder == "reference" || Files(Work(folder)) == Files(Work("reference")));
   }
   for (unsigned i = 0; i < 6; ++i)  // the counter names the row, not the source
@@ -286,28 +273,24 @@ class BatchInterrupted : public Batch, public ::testing::WithParamInterface<bool
 
 TEST_P(BatchInterrupted, AKilledRunAndAFullDiskLeaveNoPartialFileUnderAFinalName) {
   Profile([&](engine::AppState& state) {
-    state.output.NameTemplate = "{Title}.{OutputType}";
     state.output.OutputFormat = 5;
     state.output.MultipageMode = GetParam() ? 1 : 0;
     state.output.CompressionIndex = 0;
     state.blocks.Append(engine::NewBlock(engine::kResize));
   });
-  std::vector<std::string> sources = {"--profile", "job.profile"};
+  // arguments[3], the output folder, changes from run to run.
+  std::vector<std::string> arguments = {"--profile", "job.profile", "--output-folder", "reference"};
   for (int i = 0; i < (GetParam() ? 4 : 6); ++i) {
-    sources.push_back("s" + std::to_string(10 + i) + ".tif");
-    ASSERT_TRUE(GetParam() ? samples::WriteMultipageTiff(Work(sources.back()), 1200, 800, 3)
-                           : samples::WritePhoto(Work(sources.back()), 2400, 1600, static_cast<unsigned>(i + 1)));
+    arguments.push_back("s" + std::to_string(10 + i) + ".tif");
+    ASSERT_TRUE(GetParam() ? samples::WriteMultipageTiff(Work(arguments.back()), 1200, 800, 3)
+                           : samples::WritePhoto(Work(arguments.back()), 2400, 1600, static_cast<unsigned>(i + 1)));
   }
-  const auto with_sources = [&](std::vector<std::string> options) {
-    options.insert(options.end(), sources.begin(), sources.end());
-    return options;
-  };
-  ASSERT_EQ(Run(with_sources({"--output-folder", "reference"})).code, 0);
+  ASSERT_EQ(Run(arguments).code, 0);
   const auto reference = Files(Work("reference"));
 
-  fs::create_directories(Work("out"));
+  arguments[3] = "out";
   bool caught = false;
-  Run(with_sources({"--output-folder", "out"}), [&](pid_t child) {
+  Run(arguments, [&](pid_t child) {
     // Killed while a file is being written, once at least one is in place.
     for (const auto give_up = Clock::now() + std::chrono::seconds(60); !caught && Clock::now() < give_up;) {
       const std::vector<std::string> names = Names(Work("out"));
@@ -324,15 +307,16 @@ TEST_P(BatchInterrupted, AKilledRunAndAFullDiskLeaveNoPartialFileUnderAFinalName
 
   // A small file system that fills up during the run (mounting one needs root), given one source
   // at a time.
+  arguments[3] = Work("full");
+  arguments.push_back("--jobs=1");
   fs::create_directories(Work("full"));
   const std::string size = "size=" + std::to_string((reference.at("s10.tif").size() * 3 / 2 + 4095) / 4096 * 4) + "k";
   if (::mount("tmpfs", Work("full").c_str(), "tmpfs", 0, size.c_str()) != 0) GTEST_SKIP() << "cannot mount a tmpfs";
-  const Result result = Run(with_sources({"--output-folder", Work("full"), "--jobs", "1"}));
+  const Result result = Run(arguments);
   const auto files = Files(Work("full"));
   ::umount(Work("full").c_str());
   EXPECT_EQ(result.code, 3);
-  EXPECT_EQ(files.size(), 1u);
-  EXPECT_TRUE(files.count("s10.tif") && files.at("s10.tif") == reference.at("s10.tif"));
+  EXPECT_TRUE(files == (std::map<std::string, std::string>{{"s10.tif", reference.at("s10.tif")}}));
   EXPECT_NE(result.err.find("velmora-batch: warning: cannot write " + Work("full/s11.tif") + "\n"), std::string::npos)
       << result.err;
 }
@@ -348,7 +332,6 @@ TEST_F(Batch, ASourceWhoseWorkerDiesOrRunsOutOfTimeIsPassedOver) {
   ASSERT_TRUE(samples::WritePhotoJpeg(Work("b_slow.jpg"), 6000, 4000));
   ASSERT_TRUE(samples::WritePhotoJpeg(Work("c.jpg"), 64, 48));
   Profile([](engine::AppState& state) {
-    state.output.NameTemplate = "{Title}.{OutputType}";
     engine::Block blur = engine::NewBlock(engine::kEffect);
     blur.EffectKind = 0;
     for (int i = 0; i < 4; ++i) state.blocks.Append(blur);
@@ -365,13 +348,13 @@ TEST_F(Batch, ASourceWhoseWorkerDiesOrRunsOutOfTimeIsPassedOver) {
   };
   for (const bool killed : {true, false}) {
     out = killed ? "killed" : "timed-out";
-    const Result result = Run({"--quiet", "--profile", "job.profile", "--output-folder", out, "--jobs", "1",
-                               "--source-timeout", killed ? "300" : "1", "a.jpg", "b_slow.jpg", "c.jpg"},
-                              killed ? kill_worker : std::function<void(pid_t)>());
-    EXPECT_EQ(result.code, 0);
-    EXPECT_EQ(result.out, "");  // --quiet; the warnings still come
-    EXPECT_EQ(result.err, "velmora-batch: warning: cannot read " + Work("b_slow.jpg") + ": " +
-                              (killed ? "the decoder crashed (killed)" : "gave up after 1 s") + "\n");
+    // --quiet: no progress, but the warnings still come.
+    EXPECT_EQ(Run({"--quiet", "--profile", "job.profile", "--output-folder", out, "--jobs", "1", "--source-timeout",
+                   killed ? "300" : "1", "a.jpg", "b_slow.jpg", "c.jpg"},
+                  killed ? kill_worker : std::function<void(pid_t)>()),
+              (Result{0, "",
+                      "velmora-batch: warning: cannot read " + Work("b_slow.jpg") + ": " +
+                          (killed ? "the decoder crashed (killed)" : "gave up after 1 s") + "\n"}));
     EXPECT_EQ(Names(Work(out)), (std::vector<std::string>{"a.jpg", "c.jpg"}));
     EXPECT_EQ(ReadImageFacts(Work(out + "/c.jpg")).width, 64u);
   }
@@ -383,14 +366,9 @@ TEST_F(Batch, ASourceWhoseWorkerDiesOrRunsOutOfTimeIsPassedOver) {
 // photo and odd file is converted, every bad file named, every heap one either. A heap-corrupting
 // file that does not crash leaves its worker damaged, so those come last.
 TEST_F(Batch, EveryGoodFileOfTheCraftedCorpusIsConvertedAndEveryBadOneNamed) {
-  auto list = [](const char* folder) {
-    std::vector<std::string> paths;
-    for (const auto& entry : fs::directory_iterator(std::string(VELMORA_SOURCE_DIR "/tests/fuzz/corpus/") + folder))
-      paths.push_back(entry.path().string());
-    std::sort(paths.begin(), paths.end());
-    return paths;
-  };
-  const std::vector<std::string> bad = list("crafted"), odd = list("odd"), heap = list("heap");
+  const std::string corpus = VELMORA_SOURCE_DIR "/tests/fuzz/corpus/";
+  const std::vector<std::string> bad = Names(corpus + "crafted", true), odd = Names(corpus + "odd", true),
+                                 heap = Names(corpus + "heap", true);
   std::vector<std::string> arguments = {"--output-folder", "out", "--template", "{Title}.png",
                                         "--format",        "png", "--jobs",     "2"};
   const std::size_t options = arguments.size();
