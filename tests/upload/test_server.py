@@ -70,8 +70,7 @@ def http(folder, tls):
             protocol_version = "HTTP/1.1"
 
             def answer(self):
-                length = int(self.headers.get("Content-Length", 0))
-                body = self.rfile.read(length) if length else b""
+                body = self.rfile.read(int(self.headers.get("Content-Length", 0)))
                 path = self.path.split("?", 1)[0]
                 served["count"] += 1
                 turn = served[(self.command, path)] = served.get((self.command, path), -1) + 1
