@@ -1,9 +1,9 @@
-// What velmora-batch shows on a terminal, where the end-to-end runs (output into files) never
-// are: a progress bar that rewrites itself and is cleared for the closing lines. And the format
-// names --format takes.
+// What velmora-batch shows on a terminal, where the end-to-end runs (output into files) never are: a progress bar
+// that rewrites itself and is cleared for the closing lines. And the format names --format takes.
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <cstdlib>
 
 #include "app/batch/batch_options.h"
 #include "app/batch/batch_view.h"
@@ -12,7 +12,9 @@ namespace velmora::app {
 namespace {
 
 TEST(BatchView, OnATerminalTheBarRewritesItselfAndIsClearedAtTheEnd) {
-  std::FILE* out = std::tmpfile();
+  char* buffer = nullptr;
+  std::size_t size = 0;
+  std::FILE* out = open_memstream(&buffer, &size);
   BatchView view(out, true, false);
   view.SetProgressRange(0, 2);
   view.SetStatus("Processing...");
@@ -23,10 +25,9 @@ TEST(BatchView, OnATerminalTheBarRewritesItselfAndIsClearedAtTheEnd) {
   view.SetFile("Current file: b.png");
   view.SetStatus("Completed.");
   view.SetFile("2 file(s) processed.");
-  std::string text(1000, '\0');
-  std::rewind(out);
-  text.resize(std::fread(text.data(), 1, text.size(), out));
   std::fclose(out);
+  const std::string text(buffer, size);
+  std::free(buffer);
   // A file is no terminal of any width: the bar takes 80 columns less the one the cursor needs.
   EXPECT_EQ(text, "\r" + ProgressBarLine(1, 2, "Current file: a.jpg", 79) + "\x1b[K\r" +
                       ProgressBarLine(2, 2, "Current file: b.png", 79) +
