@@ -1,6 +1,7 @@
 // PreviewNow2 over a recording view: the source box, the preview run and the fit of the boxes.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <tuple>
 
 #include "engine/paths.h"
@@ -12,8 +13,7 @@
 namespace velmora::preview {
 namespace {
 
-// The shared recording view for the run's outputs, with the source box's calls; both boxes of
-// the window's design size.
+// The shared recording view with the source box's calls; both boxes of the window's design size.
 class RecordingPreviewView : public testing::RecordingViewOf<PreviewView> {
  public:
   RecordingPreviewView() { frame_width = 215, frame_height = 191; }
@@ -27,30 +27,16 @@ class RecordingPreviewView : public testing::RecordingViewOf<PreviewView> {
   void ClearBoth() override { ++cleared; }
 };
 
-class PreviewNowTest : public ::testing::Test {
- protected:
-  void SetUp() override {
-    state.AppDataFolder = data.path().string();
-    engine::MakePath(state.AppDataFolder + "/Temp/");
-    state.output.OutputFolder = data.slash();
-  }
-  testing::TempFolder data;
-  engine::AppState state;
-};
-
-const std::string kWorker = VELMORA_BINARY_DIR "/app/velmora-worker";
-
 // Larger pictures wider than tall take the box's width, taller ones its height, squares the
 // width (clipped at top and bottom); one wider than tall, narrower than the box but higher, is
-// enlarged to the box's width; the rest keep their size.
+// enlarged to the box's width; the rest keep their size (a fit of 0 by 0).
 TEST(FitSourceBox, TheRuleOfTheBoxes) {
-  constexpr std::tuple<int, int, int, int> kFits[] = {{100, 100, 0, 0},     {215, 191, 0, 0},    {200, 200, 0, 0},
-                                                      {300, 300, 215, 215}, {400, 100, 215, 54}, {100, 400, 48, 191},
-                                                      {210, 200, 215, 205}};  // width, height, and the fit (0: none)
+  constexpr int kFits[][4] = {{100, 100, 0, 0},    {215, 191, 0, 0},    {200, 200, 0, 0},    {300, 300, 215, 215},
+                              {400, 100, 215, 54}, {100, 400, 48, 191}, {210, 200, 215, 205}};
   for (const auto& [width, height, fit_width, fit_height] : kFits) {
     const BoxFit fit = FitSourceBox(width, height, 215, 191);
-    EXPECT_EQ(std::tuple(fit.rescale, fit.rescale ? fit.width : 0, fit.rescale ? fit.height : 0),
-              std::tuple(fit_width != 0, fit_width, fit_height))
+    EXPECT_EQ((std::array{int(fit.rescale), fit.rescale * fit.width, fit.rescale * fit.height}),
+              (std::array{int(fit_width != 0), fit_width, fit_height}))
         << width << " x " << height;
   }
 }
@@ -60,7 +46,11 @@ TEST(FitSourceBox, TheRuleOfTheBoxes) {
 // in its place. A readable one is shown centred in the upper box (95.5 - 50 and 107.5 - 50 to the
 // even neighbour; a square larger than the box clipped at top and bottom) and converted into the
 // preview file shown in the lower one, in this process and in a worker process alike.
-TEST_F(PreviewNowTest, TheSelectedSourceIsShownAndConvertedIntoThePreviewFile) {
+TEST(PreviewNow, TheSelectedSourceIsShownAndConvertedIntoThePreviewFile) {
+  testing::TempFolder data;
+  engine::AppState state;
+  state.AppDataFolder = data.path().string(), state.output.OutputFolder = data.slash();
+  engine::MakePath(state.AppDataFolder + "/Temp/");
   const std::string broken = data.file("broken.jpg"), small = data.file("small.jpg"), large = data.file("large.jpg");
   testing::WriteWholeFile(broken, "not really a picture");
   ASSERT_TRUE(samples::WritePhotoJpeg(small, 100, 100) && samples::WritePhotoJpeg(large, 430, 430));
@@ -86,15 +76,15 @@ TEST_F(PreviewNowTest, TheSelectedSourceIsShownAndConvertedIntoThePreviewFile) {
     RecordingPreviewView view;
     const std::vector<std::string> rows = source ? std::vector<std::string>{source} : std::vector<std::string>{};
     PreviewNow2(state, engine::SourceList{rows, selected}, view,
-                worker ? engine::WorkerLimits{kWorker} : engine::WorkerLimits{});
-    EXPECT_EQ(std::tuple(view.cleared, view.no_original, view.original_shown, view.pictures_shown),
-              std::tuple(int(cleared), int(!cleared && !side), int(side > 0), int(side > 0)));
-    EXPECT_EQ(view.LastStatus(), cleared ? "" : "Completed.");
+                engine::WorkerLimits{worker ? VELMORA_BINARY_DIR "/app/velmora-worker" : ""});
+    EXPECT_EQ(
+        std::tuple(view.cleared, view.no_original, view.original_shown, view.pictures_shown, view.LastStatus()),
+        std::tuple(int(cleared), int(!cleared && !side), int(side > 0), int(side > 0), cleared ? "" : "Completed."));
     if (!side) continue;
-    EXPECT_EQ(std::tuple(view.original.width, view.original.height, view.original_top, view.original_left),
-              std::tuple(side, side, top, left));
-    EXPECT_EQ(std::tuple(view.picture.width, view.picture.height, view.wait_shown), std::tuple(side, side, false));
-    EXPECT_EQ(view.wait_labels.front() + view.wait_labels.back(), "0%100%");
+    EXPECT_EQ(
+        std::tuple(view.original.width, view.original.height, view.original_top, view.original_left, view.picture.width,
+                   view.picture.height, view.wait_shown, view.wait_labels.front() + view.wait_labels.back()),
+        std::tuple(side, side, top, left, side, side, false, "0%100%"));
     EXPECT_EQ(testing::ReadImageFacts(PreviewFilePath(state)).format, 13);  // PNG
     EXPECT_EQ(state.WrittenFiles.Entries(), std::vector<std::string>{PreviewFilePath(state)});
     EXPECT_EQ(state.preview.PreviewMode, engine::kFalse);

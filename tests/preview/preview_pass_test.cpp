@@ -21,33 +21,32 @@ class FakeHost : public PreviewHost {
 };
 
 // Passes in a row, the forced mark left set by an earlier refused pass (the hidden pane is left to
-// the window's tests, which show it again).
+// the window's tests, which show it again). Before each pass: the dirty mark, the run page shown,
+// a worker running, the last source; after it: the workers started, the forced mark, the last source.
 TEST(PreviewPass, TheMarksDecideWhetherAWorkerStarts) {
   engine::PreviewFlags flags;
   PreviewPassState pass;
   FakeHost host;
   host.flags = &flags;
-  auto marks = [&] { return std::pair(flags.PreviewDirty != engine::kFalse, flags.PreviewForced != engine::kFalse); };
   flags.PreviewForced = engine::kTrue;
-  Timer2_Timer(flags, pass, host);  // no dirty mark: nothing at all
-  EXPECT_EQ(std::tuple(host.starts, host.event_runs, marks()), std::tuple(0, 0, std::pair(false, true)));
-  flags.PreviewDirty = engine::kTrue;
-  host.run_page = true;
-  Timer2_Timer(flags, pass, host);  // the run page: the mark is dropped
-  EXPECT_EQ(std::tuple(host.starts, host.event_runs, marks()), std::tuple(0, 0, std::pair(false, true)));
-  flags.PreviewDirty = engine::kTrue;
-  host.run_page = false;
-  Timer2_Timer(flags, pass, host);  // one worker, both marks cleared
-  EXPECT_EQ(std::tuple(host.starts, marks(), pass.LastPreviewFile), std::tuple(1, std::pair(false, false), "/a.jpg"));
+  const std::tuple<bool, bool, bool, const char*, int, bool, const char*> kPasses[] = {
+      {false, false, false, "", 0, true, ""},             // no dirty mark: nothing at all
+      {true, true, false, "", 0, true, ""},               // the run page: the mark is dropped
+      {true, false, false, "", 1, false, "/a.jpg"},       // one worker, both marks cleared
+      {true, false, true, "/b.jpg", 1, true, "/b.jpg"},   // an edit while it runs: no second one, the edit lost
+      {true, false, false, "/a.jpg", 2, false, "/a.jpg"}  // an edit of the chain, the same source: a worker
+  };
+  for (const auto& [dirty, run_page, running, last, starts, forced, last_after] : kPasses) {
+    flags.PreviewDirty = dirty ? engine::kTrue : engine::kFalse;
+    flags.ThreadRunning = running ? engine::kTrue : engine::kFalse;
+    host.run_page = run_page, pass.LastPreviewFile = last;
+    Timer2_Timer(flags, pass, host);
+    EXPECT_EQ(std::tuple(host.starts, flags.PreviewDirty, flags.PreviewForced != engine::kFalse, pass.LastPreviewFile),
+              std::tuple(starts, engine::kFalse, forced, last_after))
+        << last << " " << starts;
+    EXPECT_EQ(host.event_runs > 0, host.starts > 0);  // a pass refused by its marks runs no events
+  }
   EXPECT_EQ(std::tuple(pass.thread_priority, pass.thread_timeout), std::tuple(2, 5000));
-  flags.PreviewDirty = engine::kTrue;
-  pass.LastPreviewFile = "/b.jpg";
-  Timer2_Timer(flags, pass, host);  // an edit while the worker runs: no second one, the edit lost
-  EXPECT_EQ(std::tuple(host.starts, marks(), pass.LastPreviewFile), std::tuple(1, std::pair(false, true), "/b.jpg"));
-  flags.PreviewDirty = engine::kTrue, flags.ThreadRunning = engine::kFalse;
-  pass.LastPreviewFile = "/a.jpg";
-  Timer2_Timer(flags, pass, host);  // an edit of the chain, the same source: a worker all the same
-  EXPECT_EQ(std::tuple(host.starts, marks()), std::tuple(2, std::pair(false, false)));
 }
 
 }  // namespace

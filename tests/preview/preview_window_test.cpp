@@ -16,17 +16,11 @@ class PreviewWindowTest : public WindowTest {
     return work.file(name);
   }
   // Lets a started worker end and its queued pictures reach the pane.
-  void Settle() {
-    window->WaitForPreview();
-    QCoreApplication::processEvents();
-  }
+  void Settle() { window->WaitForPreview(), QCoreApplication::processEvents(); }
   preview::PreviewPane* pane() { return window->frPreview(); }
-  // Whether each box shows a picture rather than "No Image".
-  void ExpectPictures(bool shown) {
-    for (preview::PreviewBox* box : {pane()->prwFon(), pane()->prwFon2()}) {
-      EXPECT_EQ(box->picture()->isHidden(), !shown);
-      EXPECT_EQ(box->no_image()->isHidden(), shown);
-    }
+  void ExpectPictures(bool shown) {  // a picture in each box rather than "No Image"
+    for (preview::PreviewBox* box : {pane()->prwFon(), pane()->prwFon2()})
+      EXPECT_EQ(std::pair(box->picture()->isHidden(), box->no_image()->isHidden()), std::pair(!shown, shown));
   }
   std::string PreviewFile() const { return home.DataFolder() + "/Temp/preview.dat"; }
 };
@@ -45,8 +39,8 @@ TEST_F(PreviewWindowTest, AnImageShowsInBothBoxesOpensTheViewerAndRemoveAllClear
   EXPECT_EQ(result->size(), QSize(box.width(), engine::RoundHalfEven(box.width() / 2.0)));
   EXPECT_EQ(result->y() - pane()->prwFon()->contentsRect().y(),
             engine::RoundHalfEven(box.height() / 2.0 - result->height() / 2.0));
-  EXPECT_TRUE(pane()->prwFonWait()->isHidden());
-  EXPECT_EQ(pane()->PrwFonWaitLabel()->text(), "100%");
+  EXPECT_EQ(std::pair(pane()->prwFonWait()->isHidden(), pane()->PrwFonWaitLabel()->text()),
+            std::pair(true, QString("100%")));
   // The worker's run replaced the written files with the preview file, as any run does.
   EXPECT_EQ(state->WrittenFiles.Entries(), std::vector<std::string>{PreviewFile()});
   EXPECT_TRUE(std::filesystem::exists(PreviewFile()));
@@ -82,8 +76,8 @@ TEST_F(PreviewWindowTest, TheWorkerSeesTheLatestEditsAndARunWaitsForIt) {
   EXPECT_NE(state->preview.PreviewDirty, engine::kFalse);
   window->pass().LastPreviewFile.clear();
   QTest::mouseClick(window->fr1()->EnPreview(), Qt::LeftButton);
-  EXPECT_EQ(state->preview.PreviewDirty, engine::kFalse);
-  EXPECT_EQ(window->pass().LastPreviewFile, window->lwSrc()->SelectedText());
+  EXPECT_EQ(std::pair(state->preview.PreviewDirty, window->pass().LastPreviewFile),
+            std::pair(engine::kFalse, window->lwSrc()->SelectedText()));
   auto* folder = window->operationList()->Fixed(shell::kSaveToEntry)->findChild<QLineEdit*>("SaveToText1");
   folder->selectAll();
   QTest::keyClicks(folder, QString::fromStdString(work.file("out")));
