@@ -57,29 +57,22 @@ TEST(PreviewNow, TheSelectedSourceIsShownAndConvertedIntoThePreviewFile) {
   const std::string crashing = VELMORA_SOURCE_DIR "/tests/fuzz/corpus/crafted/psd_huge_dims.psd";
   state.blocks = engine::Blocks({engine::NewBlock(engine::kMirror)});
   state.output.OutputFormat = 3;  // PNG, in spite of the file's name
-  // The source (none: no rows), the selected row, whether a worker reads it, and what the boxes
+  const std::string sources[] = {broken, "", crashing, small, large};
+  // The source (-1: no rows), the selected row, whether a worker reads it, and what the boxes
   // show: cleared, or a picture's side (0: "No Image") and place in the upper box.
-  const std::tuple<const char*, int, bool, bool, unsigned, int, int> kCases[] = {
-      {nullptr, 0, false, true, 0, 0, 0},
-      {broken.c_str(), -1, false, true, 0, 0, 0},
-      {broken.c_str(), 1, false, true, 0, 0, 0},
-      {"", 0, false, true, 0, 0, 0},
-      {broken.c_str(), 0, false, false, 0, 0, 0},
-      {broken.c_str(), 0, true, false, 0, 0, 0},
-      {crashing.c_str(), 0, true, false, 0, 0, 0},
-      {small.c_str(), 0, false, false, 100, 46, 58},
-      {large.c_str(), 0, false, false, 215, -12, 0},
-      {large.c_str(), 0, true, false, 215, -12, 0}};
+  constexpr int kCases[][7] = {{-1, 0, 0, 1, 0, 0, 0},   {0, -1, 0, 1, 0, 0, 0},    {0, 1, 0, 1, 0, 0, 0},
+                               {1, 0, 0, 1, 0, 0, 0},    {0, 0, 0, 0, 0, 0, 0},     {0, 0, 1, 0, 0, 0, 0},
+                               {2, 0, 1, 0, 0, 0, 0},    {3, 0, 0, 0, 100, 46, 58}, {4, 0, 0, 0, 215, -12, 0},
+                               {4, 0, 1, 0, 215, -12, 0}};
   std::vector<std::vector<std::uint8_t>> pixels;
   for (const auto& [source, selected, worker, cleared, side, top, left] : kCases) {
-    SCOPED_TRACE(::testing::Message() << (source ? source : "no rows") << " " << selected << " " << worker);
+    SCOPED_TRACE(::testing::Message() << source << " " << selected << " " << worker);
+    const std::vector<std::string> rows(source >= 0, source >= 0 ? sources[source] : "");
     RecordingPreviewView view;
-    const std::vector<std::string> rows = source ? std::vector<std::string>{source} : std::vector<std::string>{};
     PreviewNow2(state, engine::SourceList{rows, selected}, view,
                 engine::WorkerLimits{worker ? VELMORA_BINARY_DIR "/app/velmora-worker" : ""});
-    EXPECT_EQ(
-        std::tuple(view.cleared, view.no_original, view.original_shown, view.pictures_shown, view.LastStatus()),
-        std::tuple(int(cleared), int(!cleared && !side), int(side > 0), int(side > 0), cleared ? "" : "Completed."));
+    EXPECT_EQ(std::tuple(view.cleared, view.no_original, view.original_shown, view.pictures_shown, view.LastStatus()),
+              std::tuple(cleared, int(!cleared && !side), int(side > 0), int(side > 0), cleared ? "" : "Completed."));
     if (!side) continue;
     EXPECT_EQ(
         std::tuple(view.original.width, view.original.height, view.original_top, view.original_left, view.picture.width,
