@@ -1,5 +1,5 @@
-// velmora-batch run as a real program over generated folders: what it converts and in which order, what it prints,
-// its exit codes, what it leaves alone, and what a killed run, a full disk, a dying worker or a hostile file leave.
+// velmora-batch run as a real program over generated folders: what it converts and in which order, what it prints, its
+// exit codes, what it leaves alone, and what a killed run, a full disk, a dying worker or a hostile file leave.
 #include <FreeImage.h>
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -62,9 +62,8 @@ class Batch : public ::testing::Test {
  protected:
   void SetUp() override { imaging::SilenceTiffMessages(); }  // the sample TIFF files would be noisy
 
-  // Runs velmora-batch in the work folder with a home folder of the test's own and its output in
-  // files, so that it sees no terminal. `during` gets the program's pid before it is waited for:
-  // the shell and env exec in turn, so that it is velmora-batch's own.
+  // Runs velmora-batch in the work folder with a home folder of its own and its output in files (no terminal). `during`
+  // gets its pid (sh and env exec in turn, so the pid stays) before it is waited for.
   Result Run(std::vector<std::string> arguments, const std::function<void(pid_t)>& during = {}) const {
     const std::string out = streams_.file("out"), err = streams_.file("err");
     arguments.insert(arguments.begin(),
@@ -84,8 +83,7 @@ class Batch : public ::testing::Test {
   std::string Work(const std::string& name) const { return work_.file(name); }
   std::string Data(const std::string& name) const { return home_.file("Documents/Velmora/" + name); }
 
-  // A profile written through the settings code: a new profile's values with outputs named by
-  // title, then `edit`.
+  // A profile written through the settings code: a new profile's values with outputs named by title, then `edit`.
   std::string Profile(const std::function<void(engine::AppState&)>& edit, std::string path = "") const {
     engine::AppState state;
     settings::NewProfile(state);
@@ -96,8 +94,8 @@ class Batch : public ::testing::Test {
     return path;
   }
 
-  // pics/ with nested folders, links to a folder and to a file, an empty image, a text file and a
-  // file that only looks like an image; extra/ with an image whose name is no image type.
+  // pics/ with nested folders, links to a folder and to a file, an empty image, a text file and a file that only looks
+  // like an image; extra/ with an image whose name is no image type.
   void MakeTree() const {
     for (const char* folder : {"pics/trips/2019", "pics/archive", "extra"}) fs::create_directories(Work(folder));
     fs::create_directory_symlink(Work("pics"), Work("pics/trips/loop"));
@@ -116,10 +114,9 @@ class Batch : public ::testing::Test {
   testing::TempFolder home_, work_, streams_;
 };
 
-// Folders are scanned files first, type by type and by name without regard to case, then
-// subfolders; a file already taken, an empty one and a folder link are passed over, a link to a
-// file is a file, and a named file is taken whatever its type. The profile brings the chain and
-// its output folder; the options override its format and template.
+// Folders are scanned files first, type by type and by name without regard to case, then subfolders; a file already
+// taken, an empty one and a folder link are passed over, a link to a file is a file, and a named file is taken whatever
+// its type. The profile brings the chain and its output folder; the options override its format and template.
 TEST_F(Batch, ConvertsTheSourcesInScanOrderWithTheProfileAndTheOptions) {
   MakeTree();
   const std::string profile = Profile([&](engine::AppState& state) {
@@ -145,9 +142,8 @@ TEST_F(Batch, ConvertsTheSourcesInScanOrderWithTheProfileAndTheOptions) {
   EXPECT_TRUE(Files(home_.path()).empty());  // no settings.ini, no default.profile
 }
 
-// A bad command line exits with 2; a missing profile or source, no images, or an output folder
-// that cannot be used with 1. Nothing is converted, and nothing is written before the sources
-// are known to be there.
+// A bad command line exits with 2; a missing profile or source, no images, or an output folder that cannot be used with
+// 1. Nothing is converted, and nothing is written before the sources are known to be there.
 TEST_F(Batch, RefusedRunsExitEarlyAndWriteNothing) {
   MakeTree();
   testing::WriteWholeFile(Work("blocker"), "a file where a folder should go");
@@ -199,9 +195,8 @@ TEST_F(Batch, RefusedRunsExitEarlyAndWriteNothing) {
   }
 }
 
-// Without --profile the job is the window's last profile, else "default.profile", else a new
-// profile's settings; whichever it is, the batch writes no profile and no settings.ini. The data
-// folder gains those files step by step.
+// Without --profile the job is the window's last profile, else "default.profile", else a new profile's settings;
+// whichever it is, the batch writes no profile and no settings.ini. The data folder gains those files step by step.
 TEST_F(Batch, ReadsTheStartProfileAndWritesNoProfile) {
   ASSERT_TRUE(samples::WritePhotoJpeg(Work("cover.jpg"), 16, 8));
   const std::string last = Data("Profiles/last.profile"), fallback = Data("Profiles/default.profile");
@@ -230,9 +225,8 @@ TEST_F(Batch, ReadsTheStartProfileAndWritesNoProfile) {
   }
 }
 
-// Converting a folder into itself replaces every original with its conversion, at any --jobs.
-// Crosswise (the second value), the sources come in reverse order and are named by counter, so
-// that each output takes the name of another row's source.
+// Converting a folder into itself replaces every original with its conversion, at any --jobs. Crosswise (the second
+// value), the sources come in reverse order, named by counter: each output takes the name of another row's source.
 class BatchInPlace : public Batch, public ::testing::WithParamInterface<std::pair<int, bool>> {};
 
 TEST_P(BatchInPlace, EveryOriginalIsReplacedByItsConversion) {
@@ -265,8 +259,8 @@ INSTANTIATE_TEST_SUITE_P(Jobs, BatchInPlace,
                          ::testing::Values(std::pair{1, false}, std::pair{2, false}, std::pair{8, false},
                                            std::pair{1, true}, std::pair{8, true}));
 
-// A killed run and a full disk leave only complete files under final names: single-page TIFF
-// files, or multipage ones appended page by page (32 bits, no compression: large files).
+// A killed run and a full disk leave only complete files under final names: single-page TIFF files, or multipage ones
+// appended page by page (32 bits, no compression: large files).
 class BatchInterrupted : public Batch, public ::testing::WithParamInterface<bool> {};
 
 TEST_P(BatchInterrupted, AKilledRunAndAFullDiskLeaveNoPartialFileUnderAFinalName) {
@@ -303,8 +297,7 @@ TEST_P(BatchInterrupted, AKilledRunAndAFullDiskLeaveNoPartialFileUnderAFinalName
   for (const auto& [name, bytes] : complete) EXPECT_TRUE(reference.count(name) && bytes == reference.at(name)) << name;
   EXPECT_LT(complete.size(), reference.size());
 
-  // A small file system that fills up during the run (mounting one needs root), given one source
-  // at a time.
+  // A small file system that fills up during the run (mounting one needs root), given one source at a time.
   arguments[3] = Work("full");
   arguments.push_back("--jobs=1");
   fs::create_directories(Work("full"));
@@ -322,8 +315,8 @@ TEST_P(BatchInterrupted, AKilledRunAndAFullDiskLeaveNoPartialFileUnderAFinalName
 INSTANTIATE_TEST_SUITE_P(Output, BatchInterrupted, ::testing::Values(false, true),
                          [](const auto& info) { return info.param ? "MultipageFiles" : "SingleFiles"; });
 
-// A source whose worker process dies, or that runs past --source-timeout, is passed over and
-// named; the sources around it are converted and the run ends as usual.
+// A source whose worker process dies, or that runs past --source-timeout, is passed over and named; the sources around
+// it are converted and the run ends as usual.
 TEST_F(Batch, ASourceWhoseWorkerDiesOrRunsOutOfTimeIsPassedOver) {
   // A slow source between two quick ones: blurring 24 megapixels takes seconds.
   ASSERT_TRUE(samples::WritePhotoJpeg(Work("a.jpg"), 64, 48));
@@ -358,11 +351,10 @@ TEST_F(Batch, ASourceWhoseWorkerDiesOrRunsOutOfTimeIsPassedOver) {
   }
 }
 
-// Crafted files that crash FreeImage's decoders or that it refuses, files that make it read past a
-// buffer or corrupt its heap (which crashes or not, as the allocator has laid memory out), and odd
-// ones it reads (looping TIFF directories, a GIF screen of 0 x 0), between good photos: every good
-// photo and odd file is converted, every bad file named, every heap one either. A heap-corrupting
-// file that does not crash leaves its worker damaged, so those come last.
+// Crafted files that crash FreeImage's decoders or that it refuses, files that make it read past a buffer or corrupt
+// its heap (which crashes or not, as the allocator has laid memory out), and odd ones it reads (looping TIFF
+// directories, a GIF screen of 0 x 0), between good photos: every good photo and odd file is converted, every bad file
+// named, every heap one either. A heap-corrupting file that does not crash damages its worker, so those come last.
 TEST_F(Batch, EveryGoodFileOfTheCraftedCorpusIsConvertedAndEveryBadOneNamed) {
   const std::string corpus = VELMORA_SOURCE_DIR "/tests/fuzz/corpus/";
   const std::vector<std::string> bad = Names(corpus + "crafted", true), odd = Names(corpus + "odd", true),
