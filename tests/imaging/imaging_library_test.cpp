@@ -20,11 +20,7 @@ namespace {
 using namespace velmora::testing;
 using InOut = std::function<void(ImagingLibrary&, Handle&, CallResult&)>;
 
-const TextDrawRequest kText = [] {
-  TextDrawRequest request;
-  request.text = "x";
-  return request;
-}();
+const TextDrawRequest kText{.text = "x", .face = ""};
 
 // What draws on a 24- or 32-bit page (bringing a page of any other depth to one first), through
 // the library and straight on a bitmap.

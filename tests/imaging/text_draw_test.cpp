@@ -21,10 +21,7 @@ Page Canvas(int width, int height) {
 // The program's usual fixed arguments, the given text and an Arial face, by default of 24 points:
 // Liberation Sans at 32 pixels, about 29 pixels of ascent and 7 of descent.
 imaging::TextDrawRequest Request(const std::string& text, int left, int top, int points = 24) {
-  imaging::TextDrawRequest request;
-  request.text = text, request.left = left, request.top = top;
-  request.face = "Arial", request.size_points = points;
-  return request;
+  return {.text = text, .top = top, .left = left, .face = "Arial", .size_points = points};
 }
 
 // Pages other than 24 or 32 bits and sizes beyond any page are refused; empty text and text
@@ -110,9 +107,9 @@ TEST(TextFontLookup, ArialResolvesToItsMetricCompatibleFiles) {
        {std::tuple{false, false, "LiberationSans-Regular"}, {true, true, "LiberationSans-BoldItalic"}}) {
     imaging::text::FontLocation found;
     ASSERT_TRUE(imaging::text::FindFont("Arial", bold, italic, found));
-    EXPECT_NE(found.file.find(file), std::string::npos) << found.file;
-    EXPECT_EQ(found.has_bold, bold);
-    EXPECT_EQ(found.has_italic, italic);
+    EXPECT_EQ(std::tuple(found.file.find(file) != std::string::npos, found.has_bold, found.has_italic),
+              std::tuple(true, bold, italic))
+        << found.file;
   }
 }
 
@@ -158,16 +155,6 @@ TEST(TextStyle, BoldAndItalicAreMadeUpWhenTheFaceHasNeither) {
   ExpectBoldAndItalic("Noto Mono");
 }
 
-// Longest unbroken run of ink in one row.
-int LongestRun(FIBITMAP* page, int y) {
-  int longest = 0, run = 0;
-  for (int x = 0; x < int(FreeImage_GetWidth(page)); ++x) {
-    run = PixelAt(page, x, y) == Rgba{255, 255, 255} ? 0 : run + 1;
-    longest = std::max(longest, run);
-  }
-  return longest;
-}
-
 TEST(TextStyle, UnderlineRunsUnderTheBaselineAndStrikeoutThroughTheLetters) {
   Page plain = Canvas(300, 80), underlined = Canvas(300, 80), struck = Canvas(300, 80);
   auto request = Request("ace", 10, 5);  // no descenders: the plain ink ends at the baseline
@@ -177,9 +164,11 @@ TEST(TextStyle, UnderlineRunsUnderTheBaselineAndStrikeoutThroughTheLetters) {
   request.underline = false, request.strikeout = true;
   ASSERT_TRUE(DrawText(struck.get(), request));
   const InkBox ink = Ink(plain.get());
+  // The first row in [from, to) with an unbroken run of ink nine tenths as wide as the plain ink.
   auto first_bar = [&](FIBITMAP* page, int from, int to) {
     for (int y = from; y < to; ++y)
-      if (LongestRun(page, y) >= ink.width() * 9 / 10) return y;
+      for (int x = 0, run = 0; x < 300; ++x)
+        if ((run = PixelAt(page, x, y) == Rgba{255, 255, 255} ? 0 : run + 1) >= ink.width() * 9 / 10) return y;
     return -1;
   };
   EXPECT_EQ(first_bar(plain.get(), 0, 80), -1);
