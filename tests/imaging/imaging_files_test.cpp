@@ -315,8 +315,7 @@ TEST_F(ImagingFiles, TheFileIsWrittenWhenTheRunMovesOnAtAFlushAtAPlainSaveOrWhen
     ImagingLibrary run;
     const Handle first = Photo(run, 30), second = Photo(run, 40);
     EXPECT_NE(Append(run, "a.tif", first) * Append(run, "a.tif", second), 0);
-    run.Release(first);  // the open file keeps copies of its pages
-    run.Release(second);
+    run.Release(first), run.Release(second);  // the open file keeps copies of its pages
     EXPECT_FALSE(std::filesystem::exists(folder.file("a.tif")));
     EXPECT_NE(Append(run, "b.tif", Photo(run, 50)), 0);
     EXPECT_EQ(Stored("a.tif"), 2u);

@@ -94,13 +94,8 @@ TEST(ImagingHandles, NumberedFromOneReplacedInPlaceAndReleasedOneByOne) {
   library.ConvertToIndexed8(first, grey, 4, result);
   EXPECT_EQ(std::tuple(grey, FactsOf(library, first).bpp), std::tuple(3u, 32u));
   // Metadata from a page that has none, and from a page onto itself, is no failure.
-  library.CopyMetadata(second, grey, result);
-  EXPECT_NE(result, 0);
-  library.CopyMetadata(grey, grey, result);
-  EXPECT_NE(result, 0);
-  library.Release(first);
-  library.Release(first);
-  library.Release(4242);
+  for (const Handle from : {second, grey}) EXPECT_NE((library.CopyMetadata(from, grey, result), result), 0);
+  for (const Handle gone : {first, first, Handle{4242}}) library.Release(gone);
   EXPECT_EQ(std::tuple(library.LiveImageCount(), FactsOf(library, first).width, FactsOf(library, grey).width),
             std::tuple(2u, 0u, 10u));
 }

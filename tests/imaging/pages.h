@@ -158,11 +158,10 @@ inline std::ostream& operator<<(std::ostream& out, const PageFacts& f) {
 }
 
 inline PageFacts FactsOf(imaging::ImagingLibrary& library, imaging::Handle page) {
-  PageFacts facts;
-  library.FreeImage_GetWidth(page, facts.width);
-  library.FreeImage_GetHeight(page, facts.height);
-  library.FreeImage_GetBPP(page, facts.bpp);
-  return facts;
+  PageFacts f;
+  library.FreeImage_GetWidth(page, f.width), library.FreeImage_GetHeight(page, f.height);
+  library.FreeImage_GetBPP(page, f.bpp);
+  return f;
 }
 
 }  // namespace velmora::testing
