@@ -36,7 +36,8 @@ class PicasaUploadTest : public UploadTest {
 
 TEST_F(PicasaUploadTest, SignsInListsAlbumsAndPostsFilesUntilOneIsRefused) {
   Serve("too-big.txt", "too big");
-  Serve("routes.txt", kLogin + "200 signed-in.txt Set-Cookie:session=abc;Path=/\n" + kFeed + kPost + "201 -\n" + kPost +
+  // Both 200 and 201 are success, for the sign-in, the feed and each post.
+  Serve("routes.txt", kLogin + "201 signed-in.txt Set-Cookie:session=abc;Path=/\n" + kFeed + kPost + "200 -\n" + kPost +
                           "201 -\n" + kPost + "400 too-big.txt\n");
   const std::string photo = AddWrittenFile("photo.jpg", 250000), drawing = AddWrittenFile("drawing.png", 777);
   AddWrittenFile("c.tga", 10);
@@ -63,7 +64,7 @@ TEST_F(PicasaUploadTest, SignsInListsAlbumsAndPostsFilesUntilOneIsRefused) {
 
 TEST_F(PicasaUploadTest, AnHttpAlbumIdGivesTheFeedPathAndTheTokenEndsAtItsLine) {
   Serve("odd.txt", "SID=s\nAuth=TOK\nXYZWV");
-  Serve("routes.txt", kLogin + "200 odd.txt\n" + kFeed + "POST /a/feed/111 201 -\n");
+  Serve("routes.txt", kLogin + "200 odd.txt\nGET /data/feed/api/user/alice 201 feed.xml\nPOST /a/feed/111 201 -\n");
   view.album_row = 0;
   AddWrittenFile("a.gif", 10);
   ASSERT_TRUE(Upload());
