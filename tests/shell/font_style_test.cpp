@@ -1,8 +1,6 @@
 // The "Style..." flow: the stored string, the chooser's start values and what comes back.
 #include <gtest/gtest.h>
 
-#include <deque>
-
 #include "shell/font_style.h"
 
 namespace velmora::shell {
@@ -34,12 +32,10 @@ TEST(FontStyle, AnEmptyStringStartsFromTheLastUse) {
   font.FontColor = 0x336699;
   ScriptedChooser chooser;
   EXPECT_EQ(StyleButtonFlow("", font, chooser), "3368601|False|False|False|DejaVu Serif|15|True");
-  const FontRequest& request = chooser.requests[0];
-  EXPECT_EQ(request.face, "DejaVu Serif");
-  EXPECT_EQ(request.height, 20);  // 15 x 1.3 = 19.5, to the even neighbour
-  EXPECT_EQ(request.tenths, 150);
-  EXPECT_EQ(request.weight, 700);
-  EXPECT_EQ(request.color, 0x336699);
+  const FontRequest& r = chooser.requests[0];
+  // The height is 15 x 1.3 = 19.5, to the even neighbour.
+  EXPECT_EQ(std::tuple(r.face, r.height, r.tenths, r.weight, r.color),
+            std::tuple("DejaVu Serif", 20, 150, 700, 0x336699));
 }
 
 TEST(FontStyle, TheStoredStringIsParsedAndTheAnswerTaken) {
@@ -53,9 +49,8 @@ TEST(FontStyle, TheStoredStringIsParsedAndTheAnswerTaken) {
   answer.strikeout = true;
   chooser.answer = answer;
   const std::string result = StyleButtonFlow("16711680|False|True|False|Arial|10|True", font, chooser);
-  EXPECT_EQ(chooser.requests[0].face, "Arial");
-  EXPECT_EQ(chooser.requests[0].height, 13);
-  EXPECT_TRUE(chooser.requests[0].underline);
+  const FontRequest& r = chooser.requests[0];
+  EXPECT_EQ(std::tuple(r.face, r.height, r.underline), std::tuple("Arial", 13, true));
   EXPECT_EQ(result, "255|True|False|True|Liberation Sans|18|False");
   EXPECT_EQ(font.FontSize, 18);  // tenths divided by 10, the rest dropped
 }

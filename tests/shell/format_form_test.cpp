@@ -10,12 +10,9 @@ TEST(FormatForm, JpegShowsDepthAndQualityWithTheStoredQuality) {
   engine::OutputChoices output;
   output.Quality = 90;
   const FormatForm form = OpenFormatForm("JPEG", output);
-  EXPECT_TRUE(form.depth_row);
-  EXPECT_TRUE(form.quality_row);
-  EXPECT_FALSE(form.multipage_row);
-  EXPECT_EQ(form.QualitySlider1, 90);
-  EXPECT_EQ(form.QualityText1, "90");
-  EXPECT_EQ(form.ColorDepthCombo1.items.size(), 3u);
+  EXPECT_EQ(std::tuple(form.depth_row, form.quality_row, form.multipage_row), std::tuple(true, true, false));
+  EXPECT_EQ(std::tuple(form.QualitySlider1, form.QualityText1, form.ColorDepthCombo1.items.size()),
+            std::tuple(90, "90", 3u));
 }
 
 TEST(FormatForm, ADepthBeyondTheListKeepsRowZeroAndOkStoresIt) {
@@ -35,8 +32,7 @@ TEST(FormatForm, BmpStoresNoCompressionAndTiffThenOpensAtNone) {
   ApplyFormatForm(OpenFormatForm("BMP", output), output, flags);
   EXPECT_EQ(output.CompressionIndex, -1);
   const FormatForm tiff = OpenFormatForm("TIFF", output);
-  EXPECT_EQ(tiff.CompressionCombo1.index, 0);
-  EXPECT_EQ(tiff.CompressionCombo1.items[0], "None");
+  EXPECT_EQ(std::tuple(tiff.CompressionCombo1.index, tiff.CompressionCombo1.items[0]), std::tuple(0, "None"));
 }
 
 TEST(FormatForm, TiffBranchRowsWhenNothingIsStoredAgainstThem) {
@@ -45,10 +41,9 @@ TEST(FormatForm, TiffBranchRowsWhenNothingIsStoredAgainstThem) {
   output.Compression2Index = 20;
   output.MultipageMode = 9;
   const FormatForm form = OpenFormatForm("TIFF", output);
-  EXPECT_EQ(form.CompressionCombo1.index, 1);
-  EXPECT_EQ(form.CompressionCombo2.index, 6);
-  EXPECT_EQ(form.MultipageCombo1.index, 1);
-  EXPECT_TRUE(form.compression_shown);
+  EXPECT_EQ(std::tuple(form.CompressionCombo1.index, form.CompressionCombo2.index, form.MultipageCombo1.index,
+                       form.compression_shown),
+            std::tuple(1, 6, 1, true));
   EXPECT_EQ(form.ColorDepthCombo1.items.back(), "CMYK");
 }
 
@@ -56,9 +51,8 @@ TEST(FormatForm, ExrShowsOneRowMovedUp) {
   engine::OutputChoices output;
   output.CompressionIndex = 3;
   FormatForm form = OpenFormatForm("EXR", output);
-  EXPECT_TRUE(form.compression_shown);
-  EXPECT_TRUE(form.compression_moved_up);
-  EXPECT_FALSE(form.depth_row);
+  EXPECT_EQ(std::tuple(form.compression_shown, form.compression_moved_up, form.depth_row),
+            std::tuple(true, true, false));
   EXPECT_EQ(form.CompressionCombo1.items[static_cast<std::size_t>(form.CompressionCombo1.index)], "PXR24");
   form.CompressionCombo1.index = 4;
   engine::PreviewFlags flags;
@@ -87,8 +81,7 @@ TEST(FormatForm, ColoursAndTheHiddenSliderAreStoredAllTheSame) {
   form.ColorsText1 = "256 colours";
   engine::PreviewFlags flags;
   ApplyFormatForm(form, output, flags);
-  EXPECT_EQ(output.ColorsCount, 256);
-  EXPECT_EQ(output.Quality, 40);
+  EXPECT_EQ(std::tuple(output.ColorsCount, output.Quality), std::tuple(256, 40));
 }
 
 }  // namespace

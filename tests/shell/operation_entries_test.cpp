@@ -21,11 +21,10 @@ class OperationEntriesTest : public ::testing::Test {
 
 TEST_F(OperationEntriesTest, FixedEntriesComeFirstInTheirOrder) {
   EXPECT_EQ(entries.UpperBound(), 3);
-  EXPECT_EQ(entries.Entry(0)->controls.tag, kDesignEntry);
-  EXPECT_EQ(entries.Entry(1)->controls.tag, kConvertToEntry);
-  EXPECT_EQ(entries.Entry(1)->controls.caption, "Convert to");
-  EXPECT_EQ(entries.Entry(2)->controls.caption, "Save to");
-  EXPECT_EQ(entries.Entry(3)->controls.caption, "File name");
+  EXPECT_EQ(std::tuple(entries.Entry(0)->controls.tag, entries.Entry(1)->controls.tag),
+            std::tuple(kDesignEntry, kConvertToEntry));
+  const auto caption = [this](int index) { return entries.Entry(index)->controls.caption; };
+  EXPECT_EQ(caption(1) + "," + caption(2) + "," + caption(3), "Convert to,Save to,File name");
 }
 
 TEST_F(OperationEntriesTest, AddingMarksThePreviewDirtyAndGoesBehindTheLast) {
@@ -81,19 +80,16 @@ TEST_F(OperationEntriesTest, RelayStacksEntriesWithGapsClosed) {
   EXPECT_EQ(layout.places[3].index, b);
   EXPECT_EQ(layout.places[3].top, layout.places[2].top + 40 + kEntryGap);
   EXPECT_EQ(layout.total, kDesignEntryHeight + 3 * 40 + 30 + 5 * kEntryGap);
-  EXPECT_EQ(layout.inner_height, layout.total + kInnerExtra);
-  EXPECT_FALSE(layout.scroll_enabled);
+  EXPECT_EQ(std::tuple(layout.inner_height, layout.scroll_enabled), std::tuple(layout.total + kInnerExtra, false));
 }
 
 TEST_F(OperationEntriesTest, TenOperationsInAShortViewportEnableTheBar) {
   for (int i = 0; i < 10; ++i) Add(engine::kResize, 100);
   const StructLayout layout = RelayOperationList(entries, 300);
-  EXPECT_TRUE(layout.scroll_enabled);
-  EXPECT_EQ(layout.scroll_min, 0);
-  EXPECT_EQ(layout.scroll_max, 300 - layout.total);
   EXPECT_LT(layout.scroll_max, 0);
-  EXPECT_EQ(layout.large_change, 300);
-  EXPECT_EQ(layout.small_change, 60);
+  EXPECT_EQ(
+      std::tuple(layout.scroll_enabled, layout.scroll_min, layout.scroll_max, layout.large_change, layout.small_change),
+      std::tuple(true, 0, 300 - layout.total, 300, 60));
 }
 
 TEST_F(OperationEntriesTest, ACopyHasTheSameEntriesAndIsIndependent) {

@@ -3,7 +3,6 @@
 #include <QLineEdit>
 #include <QSlider>
 
-#include "shell/new_operation_dialog.h"
 #include "shell/settings_dialog.h"
 #include "tests/shell/window_fixture.h"
 
@@ -35,28 +34,24 @@ class OperationsTest : public WindowTest {
 };
 
 TEST_F(OperationsTest, EveryRowOfTheDialogAddsItsOperation) {
-  const char* captions[] = {
-      "Resize",          "Rotate", "Mirror", "Text Watermark", "Image Watermark", "Effect", "Brightness/Contrast",
-      "Gamma correction"};
   for (int row = 1; row <= 8; ++row) {
     AddOperation(row);
-    EXPECT_EQ(window->operationList()->StructCaption(Last())->title().toStdString(), captions[row - 1]);
     EXPECT_TRUE(window->Form9()->isHidden());
   }
+  EXPECT_EQ(Captions(), (std::vector<std::string>{"Convert to", "Save to", "File name", "Resize", "Rotate", "Mirror",
+                                                  "Text Watermark", "Image Watermark", "Effect", "Brightness/Contrast",
+                                                  "Gamma correction"}));
   window->ApplyProfile();
   ASSERT_EQ(state->blocks.UpperBound(), 8);
-  const std::int16_t kinds[] = {0, 1, 2, 3, 3, 4, 5, 6};
-  for (int i = 0; i < 8; ++i) EXPECT_EQ(state->blocks[i].Kind, kinds[i]);
-  EXPECT_EQ(state->blocks[3].WatermarkKind, 0);
-  EXPECT_EQ(state->blocks[4].WatermarkKind, 1);
+  std::vector<int> kinds;
+  for (int i = 0; i < 8; ++i) kinds.push_back(state->blocks[i].Kind * 10 + state->blocks[i].WatermarkKind);
+  EXPECT_EQ(kinds, (std::vector<int>{0, 10, 20, 30, 31, 40, 50, 60}));  // kind, then the watermark's type
 }
 
 TEST_F(OperationsTest, TheDialogIsNotModalAndOkFollowsTheSelection) {
   QTest::mouseClick(window->fr2()->Button8(), Qt::LeftButton);
   shell::NewOperationDialog* dialog = window->Form9();
-  EXPECT_TRUE(dialog->isVisible());
-  EXPECT_FALSE(dialog->isModal());
-  EXPECT_EQ(dialog->lw1()->count(), 8);
+  EXPECT_EQ(std::tuple(dialog->isVisible(), dialog->isModal(), dialog->lw1()->count()), std::tuple(true, false, 8));
   EXPECT_TRUE(dialog->Command1()->isEnabled());  // for the first moment
   dialog->Timer1_Timer();
   EXPECT_FALSE(dialog->Command1()->isEnabled());
@@ -146,7 +141,7 @@ TEST_F(OperationsTest, TabWalksThePageInReadingOrder) {
     walked.push_back(at);
     QTest::keyClick(at, Qt::Key_Tab);
   }
-  const auto position = [&walked](QWidget* widget) {
+  const auto position = [&walked](const QWidget* widget) {
     return std::find(walked.begin(), walked.end(), widget) - walked.begin();
   };
   const int resize = Last();
@@ -155,22 +150,25 @@ TEST_F(OperationsTest, TabWalksThePageInReadingOrder) {
   QWidget* units = Control<QComboBox>(resize, "ElemCombo1");
   QWidget* keep = Control<QCheckBox>(resize, "ElemCheck1");
   QWidget* remove = window->operationList()->StructRemove(resize);
-  QWidget* format = window->findChild<QWidget*>("FormatCombo1");
-  QWidget* hide = window->findChild<QWidget*>("Command3");
+  QWidget* format = Find("FormatCombo1");
+  QWidget* hide = Find("Command3");
   ASSERT_TRUE(width && height && units && keep && remove && format && hide);
   // From "Add Operation": the buttons' line, the pane, the bar, then round to the top of the
-  // list, the fixed panels before the operation added last, and each panel line by line.
-  EXPECT_EQ(position(window->fr2()->Button9()), 1);
-  EXPECT_LT(position(window->fr2()->Button9()), position(hide));
-  EXPECT_LT(position(hide), position(window->Command4()));
-  EXPECT_LT(position(window->Command4()), position(window->Command1()));
-  EXPECT_LT(position(window->Command1()), position(window->Command2()));
-  EXPECT_LT(position(window->Command2()), position(format));
-  EXPECT_LT(position(format), position(width));
-  EXPECT_LT(position(width), position(height));
-  EXPECT_LT(position(height), position(units));
-  EXPECT_LT(position(units), position(remove));  // the entry's remove button ends its first line
-  EXPECT_LT(position(remove), position(keep));
+  // list, the fixed panels before the operation added last, and each panel line by line (the
+  // entry's remove button ends its first line).
+  const QWidget* order[] = {window->fr2()->Button9(),
+                            hide,
+                            window->Command4(),
+                            window->Command1(),
+                            window->Command2(),
+                            format,
+                            width,
+                            height,
+                            units,
+                            remove,
+                            keep};
+  EXPECT_EQ(position(order[0]), 1);
+  for (std::size_t i = 1; i < std::size(order); ++i) EXPECT_LT(position(order[i - 1]), position(order[i])) << i;
   EXPECT_LT(position(keep), static_cast<long>(walked.size()));
 }
 
@@ -178,15 +176,15 @@ TEST_F(OperationsTest, TabWalksThePageInReadingOrder) {
 // beginning; the preview boxes grow with the window and "Hide Preview" stays under them.
 TEST_F(OperationsTest, FieldsShowTheirTextAndThePreviewGrowsWithTheWindow) {
   for (const char* name : {"SaveToText1", "FileNameText1"}) {
-    auto* edit = window->findChild<QLineEdit*>(name);
+    auto* edit = Find<QLineEdit>(name);
     ASSERT_TRUE(edit);
     EXPECT_LE(edit->fontMetrics().horizontalAdvance(edit->text()) + 10, edit->width()) << edit->text().toStdString();
     EXPECT_GE(edit->height(), edit->minimumSizeHint().height()) << name;
   }
-  EXPECT_GT(window->findChild<QWidget*>("Check1")->y(), window->findChild<QWidget*>("SaveToText1")->geometry().bottom());
+  EXPECT_GT(Find("Check1")->y(), Find("SaveToText1")->geometry().bottom());
   window->fixed().SaveToText1 = "/home/anna/" + std::string(200, 'x') + "/Output/";
   window->operationList()->ReloadAll();
-  EXPECT_EQ(window->findChild<QLineEdit*>("SaveToText1")->cursorPosition(), 0);
+  EXPECT_EQ(Find<QLineEdit>("SaveToText1")->cursorPosition(), 0);
 
   const preview::PreviewBox* box = window->frPreview()->prwFon();
   const QRect small = box->geometry();
@@ -222,12 +220,9 @@ TEST_F(OperationsTest, ResizePanelEditsReachTheChain) {
   Type(Control<QLineEdit>(index, "ElemText2"), "abc");
   Choose(Control<QComboBox>(index, "ElemCombo2"), 1);
   window->ApplyProfile();
-  const engine::Block& block = state->blocks[0];
-  EXPECT_EQ(block.Width, 800);
-  EXPECT_EQ(block.Height, 0);
-  EXPECT_EQ(block.Units, 0);
-  EXPECT_EQ(block.KeepProportions, engine::kTrue);
-  EXPECT_EQ(block.Method, 1);
+  const engine::Block& b = state->blocks[0];
+  EXPECT_EQ(std::tuple(b.Width, b.Height, b.Units, b.KeepProportions, b.Method),
+            std::tuple(800, 0, 0, engine::kTrue, 1));
 }
 
 TEST_F(OperationsTest, WatermarkTypeSwitchAndStyleFlow) {
@@ -254,18 +249,16 @@ TEST_F(OperationsTest, WatermarkTypeSwitchAndStyleFlow) {
   services.fonts.push_back(answer);
   QTest::mouseClick(command, Qt::LeftButton);
   ASSERT_EQ(services.font_requests.size(), 1u);
-  EXPECT_EQ(services.font_requests[0].face, "DejaVu Sans");
-  EXPECT_EQ(services.font_requests[0].height, 26);
+  EXPECT_EQ(std::tuple(services.font_requests[0].face, services.font_requests[0].height),
+            std::tuple("DejaVu Sans", 26));
   window->ApplyProfile();
-  EXPECT_EQ(state->blocks[0].WatermarkFont, "65280|False|False|False|DejaVu Serif|24|True");
-  EXPECT_EQ(state->blocks[0].WatermarkSource, "(c) Velmora");
-  EXPECT_EQ(state->blocks[0].WatermarkAngle, 45);
+  const engine::Block& b = state->blocks[0];
+  EXPECT_EQ(std::tuple(b.WatermarkFont, b.WatermarkSource, b.WatermarkAngle),
+            std::tuple("65280|False|False|False|DejaVu Serif|24|True", "(c) Velmora", 45));
 
   Choose(type, 1);
-  EXPECT_EQ(window->operationList()->StructCaption(index)->title(), "Image Watermark");
-  EXPECT_EQ(command->text(), "Browse...");
-  EXPECT_TRUE(text->text().isEmpty());
-  EXPECT_TRUE(angle->isHidden());
+  EXPECT_EQ(std::tuple(Captions().back(), command->text().toStdString(), text->text().isEmpty(), angle->isHidden()),
+            std::tuple("Image Watermark", "Browse...", true, true));
   services.watermark_images.push_back("/pictures/logo.png");
   QTest::mouseClick(command, Qt::LeftButton);
   EXPECT_EQ(text->text(), "/pictures/logo.png");
@@ -280,20 +273,17 @@ TEST_F(OperationsTest, SlidersShowTheirValuesInTheirBoxes) {
   const int tone = Last();
   Control<QSlider>(tone, "ElemSlider1")->setValue(-30);
   Control<QSlider>(tone, "ElemSlider2")->setValue(60);
-  EXPECT_EQ(Control<QLineEdit>(tone, "ElemText1")->text(), "-30");
-  EXPECT_EQ(Control<QLineEdit>(tone, "ElemText2")->text(), "60");
+  EXPECT_EQ(Control<QLineEdit>(tone, "ElemText1")->text() + " " + Control<QLineEdit>(tone, "ElemText2")->text(),
+            "-30 60");
   AddOperation(8);
   const int gamma = Last();
   auto* slider = Control<QSlider>(gamma, "ElemSlider1");
-  EXPECT_EQ(slider->minimum(), 1);
-  EXPECT_EQ(slider->maximum(), 1000);
-  EXPECT_EQ(slider->value(), 100);
+  EXPECT_EQ(std::tuple(slider->minimum(), slider->maximum(), slider->value()), std::tuple(1, 1000, 100));
   slider->setValue(225);
   EXPECT_EQ(Control<QLineEdit>(gamma, "ElemText1")->text(), "2.25");
   window->ApplyProfile();
-  EXPECT_EQ(state->blocks[0].Brightness, -30);
-  EXPECT_EQ(state->blocks[0].Contrast, 60);
-  EXPECT_EQ(state->blocks[1].GammaValue, 225);
+  EXPECT_EQ(std::tuple(state->blocks[0].Brightness, state->blocks[0].Contrast, state->blocks[1].GammaValue),
+            std::tuple(-30, 60, 225));
 }
 
 TEST_F(OperationsTest, RemoveButtonsAndRemoveAllKeepTheFixedEntries) {
@@ -308,14 +298,14 @@ TEST_F(OperationsTest, RemoveButtonsAndRemoveAllKeepTheFixedEntries) {
   EXPECT_EQ(state->blocks[1].Kind, engine::kEffect);
   QTest::mouseClick(window->fr2()->Button9(), Qt::LeftButton);
   EXPECT_EQ(window->entries().Indices(), (std::vector<int>{0, 1, 2, 3}));
-  EXPECT_EQ(window->operationList()->StructCaption(1)->title(), "Convert to");
-  EXPECT_EQ(window->operationList()->StructCaption(2)->title(), "Save to");
-  EXPECT_EQ(window->operationList()->StructCaption(3)->title(), "File name");
+  EXPECT_EQ(Captions(), (std::vector<std::string>{"Convert to", "Save to", "File name"}));
 }
 
 TEST_F(OperationsTest, TenOperationsEnableTheBarAndShowTheLast) {
-  for (int i = 0; i < 10; ++i) AddOperation(1);
   QScrollBar* bar = window->operationList()->StructSCROLL();
+  AddOperation(3);
+  EXPECT_FALSE(bar->isEnabled());  // few operations leave it off
+  for (int i = 0; i < 10; ++i) AddOperation(1);
   EXPECT_TRUE(bar->isEnabled());
   EXPECT_EQ(bar->value(), bar->maximum());
   QWidget* last = window->operationList()->STRUCT(Last());
@@ -324,13 +314,8 @@ TEST_F(OperationsTest, TenOperationsEnableTheBarAndShowTheLast) {
   EXPECT_GE(bottom_in_view, 0);
 }
 
-TEST_F(OperationsTest, FewOperationsLeaveTheBarDisabled) {
-  AddOperation(3);
-  EXPECT_FALSE(window->operationList()->StructSCROLL()->isEnabled());
-}
-
 TEST_F(OperationsTest, TheFileNameMenuAppendsTokens) {
-  auto* text = window->operationList()->Fixed(shell::kFileNameEntry)->findChild<QLineEdit*>("FileNameText1");
+  auto* text = Find<QLineEdit>("FileNameText1");
   Type(text, "out");
   const QList<QAction*> items = window->m_filename()->actions();
   ASSERT_EQ(items.size(), 4);
@@ -344,15 +329,13 @@ TEST_F(OperationsTest, TheFileNameMenuAppendsTokens) {
 
 TEST_F(OperationsTest, OutputFolderBrowseAndFormatChoice) {
   services.folders.push_back(work.file("out"));
-  auto* save = window->operationList()->Fixed(shell::kSaveToEntry);
-  QTest::mouseClick(save->findChild<QPushButton*>("SaveToCommand5"), Qt::LeftButton);
-  EXPECT_EQ(save->findChild<QLineEdit*>("SaveToText1")->text().toStdString(), work.file("out"));
-  auto* format = window->operationList()->Fixed(shell::kConvertToEntry)->findChild<QComboBox*>("FormatCombo1");
+  QTest::mouseClick(Find("SaveToCommand5"), Qt::LeftButton);
+  EXPECT_EQ(Find<QLineEdit>("SaveToText1")->text().toStdString(), work.file("out"));
+  auto* format = Find<QComboBox>("FormatCombo1");
   EXPECT_EQ(format->count(), 7);
   Choose(format, 3);
   window->ApplyProfile();
-  EXPECT_EQ(state->output.OutputFolder, work.file("out") + "/");
-  EXPECT_EQ(state->output.OutputFormat, 3);
+  EXPECT_EQ(std::tuple(state->output.OutputFolder, state->output.OutputFormat), std::tuple(work.file("out") + "/", 3));
 }
 
 }  // namespace

@@ -24,20 +24,15 @@ TEST_F(ProfileBindingTest, OutputChoicesFromTheFixedControls) {
   fixed.SaveToText1 = "/tmp/out";
   fixed.FileNameText1 = "{Title}";
   ApplyProfile(entries, fixed, state);
-  EXPECT_EQ(state.output.OutputFormat, 5);
-  EXPECT_EQ(state.output.OpenTargetFolder, engine::kTrue);
-  EXPECT_EQ(state.output.OutputFolder, "/tmp/out/");
-  EXPECT_EQ(state.output.NameTemplate, "{Title}");
+  const engine::OutputChoices& o = state.output;
+  EXPECT_EQ(std::tuple(o.OutputFormat, o.OpenTargetFolder, o.OutputFolder, o.NameTemplate),
+            std::tuple(5, engine::kTrue, "/tmp/out/", "{Title}"));
 }
 
-TEST_F(ProfileBindingTest, AnEmptyFolderBecomesASingleSeparator) {
+// An empty folder becomes a single separator; a chain of no operations is the spare alone.
+TEST_F(ProfileBindingTest, NothingEnteredGivesTheRootAndNoOperations) {
   ApplyProfile(entries, fixed, state);
-  EXPECT_EQ(state.output.OutputFolder, "/");
-}
-
-TEST_F(ProfileBindingTest, AChainOfNoOperationsIsTheSpareAlone) {
-  ApplyProfile(entries, fixed, state);
-  EXPECT_EQ(state.blocks.UpperBound(), 0);
+  EXPECT_EQ(std::tuple(state.output.OutputFolder, state.blocks.UpperBound()), std::tuple("/", 0));
 }
 
 TEST_F(ProfileBindingTest, EveryKindMapsItsFields) {
@@ -68,29 +63,18 @@ TEST_F(ProfileBindingTest, EveryKindMapsItsFields) {
   ApplyProfile(entries, fixed, state);
   ASSERT_EQ(state.blocks.UpperBound(), 7);
   const engine::Block& r = state.blocks[0];
-  EXPECT_EQ(r.Kind, engine::kResize);
-  EXPECT_EQ(r.Width, 640);
-  EXPECT_EQ(r.Height, 480);  // halves go to the even neighbour
-  EXPECT_EQ(r.Units, 0);
-  EXPECT_EQ(r.KeepProportions, engine::kTrue);
-  EXPECT_EQ(r.Method, 1);
-  EXPECT_EQ(state.blocks[1].Angle, 0);  // no number gives 0
-  EXPECT_EQ(state.blocks[1].Direction, 1);
-  EXPECT_EQ(state.blocks[2].MirrorAxis, 1);
+  // The height's half goes to the even neighbour; the angle's text with no number gives 0.
+  EXPECT_EQ(std::tuple(r.Kind, r.Width, r.Height, r.Units, r.KeepProportions, r.Method),
+            std::tuple(engine::kResize, 640, 480, 0, engine::kTrue, 1));
+  EXPECT_EQ(std::tuple(state.blocks[1].Angle, state.blocks[1].Direction, state.blocks[2].MirrorAxis),
+            std::tuple(0, 1, 1));
   const engine::Block& w = state.blocks[3];
-  EXPECT_EQ(w.WatermarkKind, 0);
-  EXPECT_EQ(w.WatermarkSource, "(c) 2024");
-  EXPECT_EQ(w.WatermarkFont, "255|True|False|False|Arial|20|True");
-  EXPECT_EQ(w.HAlign, 2);
-  EXPECT_EQ(w.VAlign, 1);
-  EXPECT_EQ(w.HOffset, 10);
-  EXPECT_EQ(w.VOffset, -5);
-  EXPECT_EQ(w.WatermarkAngle, 30);
-  EXPECT_EQ(w.ReservedBlock12, 0);
-  EXPECT_EQ(state.blocks[4].EffectKind, 6);
-  EXPECT_EQ(state.blocks[5].Brightness, 20);
-  EXPECT_EQ(state.blocks[5].Contrast, -10);
-  EXPECT_EQ(state.blocks[6].GammaValue, 180);
+  EXPECT_EQ(std::tuple(w.WatermarkKind, w.WatermarkSource, w.WatermarkFont, w.WatermarkAngle, w.ReservedBlock12),
+            std::tuple(0, "(c) 2024", "255|True|False|False|Arial|20|True", 30, 0));
+  EXPECT_EQ(std::tuple(w.HAlign, w.VAlign, w.HOffset, w.VOffset), std::tuple(2, 1, 10, -5));
+  EXPECT_EQ(std::tuple(state.blocks[4].EffectKind, state.blocks[5].Brightness, state.blocks[5].Contrast,
+                       state.blocks[6].GammaValue),
+            std::tuple(6, 20, -10, 180));
 }
 
 TEST_F(ProfileBindingTest, GapsAndFixedEntriesMakeNoBlock) {
@@ -120,18 +104,15 @@ TEST_F(ProfileBindingTest, RefreshAppendsPanelsBehindWhatIsListed) {
   fixed.Check1 = true;
 
   RefreshProfile(state, entries, fixed);
-  EXPECT_EQ(fixed.FormatCombo1, 3);
-  EXPECT_FALSE(fixed.Check1);
-  EXPECT_EQ(fixed.SaveToText1, "/out/");
-  EXPECT_EQ(fixed.FileNameText1, "x_{Counter}");
+  EXPECT_EQ(std::tuple(fixed.FormatCombo1, fixed.Check1, fixed.SaveToText1, fixed.FileNameText1),
+            std::tuple(3, false, "/out/", "x_{Counter}"));
   ASSERT_EQ(entries.UpperBound(), 6);  // the effect, then the rotate and the watermark
-  EXPECT_EQ(entries.Entry(4)->controls.tag, engine::kEffect);
-  EXPECT_EQ(entries.Entry(5)->controls.ElemText1, "45");
-  EXPECT_EQ(entries.Entry(5)->controls.ElemCombo1, 1);
+  EXPECT_EQ(std::tuple(entries.Entry(4)->controls.tag, entries.Entry(5)->controls.ElemText1,
+                       entries.Entry(5)->controls.ElemCombo1),
+            std::tuple(engine::kEffect, "45", 1));
+  // The watermark's path is set after its type, which empties it.
   const PanelControls& w = entries.Entry(6)->controls;
-  EXPECT_EQ(w.caption, "Image Watermark");
-  EXPECT_EQ(w.ElemTextWatermark, "/logo.png");  // set after the type, which empties it
-  EXPECT_EQ(w.ElemCombo2, 1);
+  EXPECT_EQ(std::tuple(w.caption, w.ElemTextWatermark, w.ElemCombo2), std::tuple("Image Watermark", "/logo.png", 1));
 }
 
 TEST_F(ProfileBindingTest, RefreshThenApplyGivesTheChainBack) {

@@ -3,7 +3,6 @@
 #include <QComboBox>
 #include <QLineEdit>
 
-#include "scripts/sample_images.h"
 #include "tests/shell/window_fixture.h"
 
 namespace velmora::testing {
@@ -14,15 +13,18 @@ class RunTest : public WindowTest {
   void SetUp() override {
     WindowTest::SetUp();
     out = work.file("out");
-    for (const char* name : {"one.jpg", "two.jpg", "three.jpg"}) {
-      sources.push_back(work.file(name));
-      ASSERT_TRUE(samples::WritePhotoJpeg(sources.back(), 120, 80));
-    }
+    for (const char* name : {"one.jpg", "two.jpg", "three.jpg"}) sources.push_back(Photo(name, 120, 80));
   }
   void SetOutputFolder() {
-    auto* folder = window->operationList()->Fixed(shell::kSaveToEntry)->findChild<QLineEdit*>("SaveToText1");
-    folder->selectAll();
-    QTest::keyClicks(folder, QString::fromStdString(out));
+    Find<QLineEdit>("SaveToText1")->selectAll();
+    QTest::keyClicks(Find("SaveToText1"), QString::fromStdString(out));
+  }
+  // Runs the first source alone into the output folder.
+  void RunOne() {
+    AddImages({sources[0]});
+    Next();
+    SetOutputFolder();
+    Next();
   }
   std::string out;
   std::vector<std::string> sources;
@@ -34,7 +36,7 @@ TEST_F(RunTest, StartConvertsEveryFileThroughTheChain) {
   SetOutputFolder();
   AddOperation(1);  // Resize to 50 percent
   AddOperation(2);  // Rotate by 90
-  auto* format = window->operationList()->Fixed(shell::kConvertToEntry)->findChild<QComboBox*>("FormatCombo1");
+  auto* format = Find<QComboBox>("FormatCombo1");
   format->setFocus();
   QTest::keyClick(format, Qt::Key_Down);  // JPEG to GIF
   QTest::keyClick(format, Qt::Key_Down);  // to PNG
@@ -42,17 +44,13 @@ TEST_F(RunTest, StartConvertsEveryFileThroughTheChain) {
   EXPECT_EQ(window->Command2()->Caption(), "Start!");
   Next();
 
-  EXPECT_EQ(window->wizard().WizardStep, 2);
-  EXPECT_FALSE(window->fr3()->isHidden());
-  EXPECT_EQ(Status(), "Completed.");
-  EXPECT_EQ(FileLine(), "3 file(s) processed.");
-  EXPECT_EQ(window->fr3()->pb1()->maximum(), 3);
-  EXPECT_EQ(window->fr3()->pb1()->value(), 3);
+  EXPECT_EQ(std::tuple(window->wizard().WizardStep, Pages()), std::tuple(2, std::array{false, false, true}));
+  EXPECT_EQ(std::tuple(Status(), FileLine()), std::tuple("Completed.", "3 file(s) processed."));
+  EXPECT_EQ(std::tuple(window->fr3()->pb1()->maximum(), window->fr3()->pb1()->value()), std::tuple(3, 3));
   for (const char* name : {"one_000.png", "two_001.png", "three_002.png"}) {
     const ImageFacts facts = ReadImageFacts(out + "/" + name);
-    EXPECT_TRUE(facts.readable) << name;
-    EXPECT_EQ(facts.width, 40u) << name;  // 120 x 80 at half size, turned a quarter
-    EXPECT_EQ(facts.height, 60u) << name;
+    // 120 x 80 at half size, turned a quarter
+    EXPECT_EQ(std::tuple(facts.readable, facts.width, facts.height), std::tuple(true, 40u, 60u)) << name;
   }
   EXPECT_EQ(state->WrittenFiles.UpperBound(), 3);
   // The default profile opens the folder at the end, through the desktop.
@@ -67,17 +65,13 @@ TEST_F(RunTest, SkippedFilesAreCountedInTheFileLine) {
   std::filesystem::create_directories(out);
   WriteWholeFile(out + "/two_001.jpg", "already here");
   Next();
-  EXPECT_EQ(Status(), "Completed.");
-  EXPECT_EQ(FileLine(), "3 file(s) processed. 1 file(s) skipped.");
+  EXPECT_EQ(std::tuple(Status(), FileLine()), std::tuple("Completed.", "3 file(s) processed. 1 file(s) skipped."));
   EXPECT_EQ(ReadWholeFile(out + "/two_001.jpg"), "already here");
 }
 
 TEST_F(RunTest, BackAndStartAgainRunsAgain) {
-  AddImages({sources[0]});
-  Next();
-  SetOutputFolder();
   state->settings.IfOutputFileExists = 2;
-  Next();
+  RunOne();
   Back();
   EXPECT_EQ(window->Command2()->Caption(), "Start!");
   Next();
@@ -86,25 +80,17 @@ TEST_F(RunTest, BackAndStartAgainRunsAgain) {
   EXPECT_NE(state->WrittenFiles[0], out + "/one_000.jpg");  // the second run renamed its file
 }
 
-TEST_F(RunTest, OpenFolderAsksTheDesktopForTheOutputFolder) {
-  AddImages({sources[0]});
-  Next();
-  SetOutputFolder();
-  Next();
+// On the run page "Open Folder" asks the desktop for the output folder, and an edit is dropped
+// without a preview.
+TEST_F(RunTest, TheRunPageOpensTheFolderAndDropsEdits) {
+  RunOne();
   services.opened_folders.clear();
   QTest::mouseClick(window->fr3()->Button5(), Qt::LeftButton);
   EXPECT_EQ(services.opened_folders, (std::vector<std::string>{out + "/"}));
-}
-
-TEST_F(RunTest, AnEditOnTheRunPageIsDroppedAndStartsNoPreview) {
-  AddImages({sources[0]});
-  Next();
-  SetOutputFolder();
-  Next();
   state->preview.PreviewDirty = engine::kTrue;
   window->Timer2_Timer();
-  EXPECT_EQ(state->preview.PreviewDirty, engine::kFalse);
-  EXPECT_EQ(state->preview.ThreadRunning, engine::kFalse);
+  EXPECT_EQ(std::tuple(state->preview.PreviewDirty, state->preview.ThreadRunning),
+            std::tuple(engine::kFalse, engine::kFalse));
   EXPECT_EQ(state->WrittenFiles.UpperBound(), 1);
 }
 

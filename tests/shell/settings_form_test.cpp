@@ -16,10 +16,8 @@ TEST(SettingsForm, OpensFromTheSettings) {
   SettingsForm form;
   OpenSettingsForm(settings, form);
   EXPECT_EQ(IfOutputFileExistsItems()[static_cast<std::size_t>(form.Combo1)], "Auto change file name");
-  EXPECT_TRUE(form.Check2);
-  EXPECT_EQ(form.Text5, "ftp.example.org");
-  EXPECT_TRUE(form.Check1);
-  EXPECT_FALSE(ProxyFieldsEnabled(form));
+  EXPECT_EQ(std::tuple(form.Check2, form.Text5, form.Check1, ProxyFieldsEnabled(form)),
+            std::tuple(true, "ftp.example.org", true, false));
 }
 
 TEST(SettingsForm, PassiveModeIsTouchedOnlyForOneOrZero) {
@@ -43,9 +41,8 @@ TEST(SettingsForm, OkStoresPassiveAsOneAndFlagsAsBooleans) {
   engine::Settings settings;
   settings.ReservedFlag9 = engine::kTrue;
   ApplySettingsForm(form, settings);
-  EXPECT_EQ(settings.FtpPassive, 1);
-  EXPECT_EQ(settings.FtpSecure, engine::kTrue);
-  EXPECT_EQ(settings.IfOutputFileExists, 0);
+  EXPECT_EQ(std::tuple(settings.FtpPassive, settings.FtpSecure, settings.IfOutputFileExists),
+            std::tuple(1, engine::kTrue, 0));
   EXPECT_EQ(settings.ProxyHost, " 10.0.0.1 ");       // untrimmed, even with the proxy off
   EXPECT_EQ(settings.ReservedFlag9, engine::kTrue);  // no control owns it
 }

@@ -3,7 +3,6 @@
 #include <QMimeData>
 #include <QUrl>
 
-#include "scripts/sample_images.h"
 #include "shell/source_rules.h"
 #include "tests/shell/window_fixture.h"
 
@@ -12,11 +11,6 @@ namespace {
 
 class SourceListTest : public WindowTest {
  protected:
-  std::string Photo(const std::string& name, int width = 64, int height = 48) {
-    const std::string path = work.file(name);
-    EXPECT_TRUE(samples::WritePhotoJpeg(path, width, height));
-    return path;
-  }
   std::vector<std::string> Rows() { return window->lwSrc()->Rows().rows; }
   QTreeWidgetItem* Item(int row) { return window->lwSrc()->topLevelItem(row); }
   void Drop(QWidget* target, const std::vector<std::string>& paths) {
@@ -55,11 +49,10 @@ TEST_F(SourceListTest, SeveralFilesAddTheNamesButNotTheFolderAndShareOneIconPerT
 
 TEST_F(SourceListTest, TheSameFileStaysOneItemButOtherLetterCaseIsAnother) {
   const std::string a = Photo("a.jpg");
-  const std::string upper = Photo("A.jpg");
   AddImages({a});
   AddImages({a});
   EXPECT_EQ(Rows().size(), 1u);
-  AddImages({upper});
+  AddImages({Photo("A.jpg")});
   EXPECT_EQ(Rows().size(), 2u);
 }
 
@@ -71,7 +64,13 @@ TEST_F(SourceListTest, AZeroByteFileIsNeverListed) {
   EXPECT_TRUE(Rows().empty());
 }
 
+// A folder without images ends silently; a tree is scanned files before subfolders.
 TEST_F(SourceListTest, AddFolderScansTheTreeFilesBeforeSubfolders) {
+  std::filesystem::create_directories(work.path() / "nothing");
+  services.folders.push_back(work.file("nothing"));
+  QTest::mouseClick(window->fr1()->Button2(), Qt::LeftButton);
+  EXPECT_TRUE(Rows().empty());
+  EXPECT_TRUE(services.informed.empty());
   std::filesystem::create_directories(work.path() / "tree" / "sub");
   ASSERT_TRUE(samples::WritePhotoJpeg(work.file("tree/sub/deep.jpg"), 30, 30));
   ASSERT_TRUE(samples::WritePhotoJpeg(work.file("tree/top.jpg"), 30, 30));
@@ -82,14 +81,6 @@ TEST_F(SourceListTest, AddFolderScansTheTreeFilesBeforeSubfolders) {
   // The last row is selected and the preview pass ran for it at once.
   EXPECT_EQ(window->lwSrc()->SelectedText(), work.file("tree") + "/sub/deep.jpg");
   EXPECT_EQ(window->pass().LastPreviewFile, work.file("tree") + "/sub/deep.jpg");
-}
-
-TEST_F(SourceListTest, AFolderWithoutImagesEndsSilently) {
-  std::filesystem::create_directories(work.path() / "nothing");
-  services.folders.push_back(work.file("nothing"));
-  QTest::mouseClick(window->fr1()->Button2(), Qt::LeftButton);
-  EXPECT_TRUE(Rows().empty());
-  EXPECT_TRUE(services.informed.empty());
 }
 
 TEST_F(SourceListTest, DropsOnTheListAndTheHintTakeFilesButNotFolders) {
@@ -136,8 +127,8 @@ TEST_F(SourceListTest, RemoveAllEmptiesTheListAndShowsTheHint) {
   window->Timer1_Timer();
   EXPECT_FALSE(window->fr1()->Picture4()->isHidden());
   // The pass took both marks and cleared them.
-  EXPECT_EQ(state->preview.PreviewDirty, engine::kFalse);
-  EXPECT_EQ(state->preview.PreviewForced, engine::kFalse);
+  EXPECT_EQ(std::tuple(state->preview.PreviewDirty, state->preview.PreviewForced),
+            std::tuple(engine::kFalse, engine::kFalse));
 }
 
 }  // namespace

@@ -18,22 +18,18 @@ TEST(FormatFileSize, BytesAndThreeSignificantDigits) {
   EXPECT_EQ(FormatFileSize(5ull * 1024 * 1024 * 1024), "5.00 GB");
 }
 
-TEST(ChosenFilePieces, OneFileIsOnePiece) {
+// One file is one piece; several give the folder, then the names; the root loses its separator
+// and is joined with one.
+TEST(ChosenFilePieces, OneFileOrTheFolderThenTheNames) {
   EXPECT_EQ(ChosenFilePieces({"/a/b/x.jpg"}), (std::vector<std::string>{"/a/b/x.jpg"}));
   EXPECT_EQ(PathsFromPieces({"/a/b/x.jpg"}), (std::vector<std::string>{"/a/b/x.jpg"}));
-}
-
-TEST(ChosenFilePieces, SeveralFilesGiveTheFolderThenTheNames) {
   const auto pieces = ChosenFilePieces({"/a/b/x.jpg", "/a/b/y.png"});
   EXPECT_EQ(pieces, (std::vector<std::string>{"/a/b", "x.jpg", "y.png"}));
   // The folder is tried as a file too; the rule of adding one item drops it.
   EXPECT_EQ(PathsFromPieces(pieces), (std::vector<std::string>{"/a/b", "/a/b/x.jpg", "/a/b/y.png"}));
-}
-
-TEST(ChosenFilePieces, TheRootLosesItsSeparatorAndIsJoinedWithOne) {
-  const auto pieces = ChosenFilePieces({"/x.jpg", "/y.jpg"});
-  EXPECT_EQ(pieces.front(), "/");
-  EXPECT_EQ(PathsFromPieces(pieces), (std::vector<std::string>{"/x.jpg", "/y.jpg"}));
+  const auto root = ChosenFilePieces({"/x.jpg", "/y.jpg"});
+  EXPECT_EQ(root.front(), "/");
+  EXPECT_EQ(PathsFromPieces(root), (std::vector<std::string>{"/x.jpg", "/y.jpg"}));
 }
 
 TEST(IconKey, OneKeyPerTypeNameButOwnNamesForShortcutsAndPrograms) {
@@ -44,16 +40,12 @@ TEST(IconKey, OneKeyPerTypeNameButOwnNamesForShortcutsAndPrograms) {
   EXPECT_EQ(IconKey("Program", "tool", FileIconClass::kOtherProgram), "DOSExeIcon");
 }
 
-TEST(RemoveWalk, RemovingEverythingSelectsNothing) {
-  const RemoveResult result = RemoveWalk({"a"}, {true}, 0);
-  EXPECT_TRUE(result.rows.empty());
-  EXPECT_EQ(result.select, -1);
-}
-
+// Separate selections are all removed; removing everything selects nothing.
 TEST(RemoveWalk, SeparateSelectionsAreAllRemoved) {
   const RemoveResult result = RemoveWalk({"a", "b", "c", "d"}, {true, false, true, false}, 0);
-  EXPECT_EQ(result.rows, (std::vector<std::string>{"b", "d"}));
-  EXPECT_EQ(result.select, 0);
+  EXPECT_EQ(std::tuple(result.rows, result.select), std::tuple(std::vector<std::string>{"b", "d"}, 0));
+  const RemoveResult none = RemoveWalk({"a"}, {true}, 0);
+  EXPECT_EQ(std::tuple(none.rows.size(), none.select), std::tuple(std::size_t{0}, -1));
 }
 
 TEST(AddScannedNames, SkipsIndexZeroAndEmptyNamesAndYieldsEveryHundred) {

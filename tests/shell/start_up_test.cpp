@@ -1,8 +1,6 @@
 // Start-up from an empty disk, the wizard's buttons, the minimum size, and the exit order.
 #include <QProgressBar>
 
-#include "engine/paths.h"
-#include "scripts/sample_images.h"
 #include "settings/ini_file.h"
 #include "settings/profile_file.h"
 #include "tests/shell/window_fixture.h"
@@ -15,17 +13,15 @@ using StartUpTest = WindowTest;
 TEST_F(StartUpTest, AFirstStartShowsStepZeroTheHintAndTheDefaultProfile) {
   EXPECT_EQ(window->windowTitle().toStdString(), "Velmora - [default.profile]");
   EXPECT_EQ(window->wizard().WizardStep, 0);
-  EXPECT_FALSE(window->fr1()->isHidden());
-  EXPECT_TRUE(window->fr2()->isHidden());
-  EXPECT_TRUE(window->fr3()->isHidden());
+  EXPECT_EQ(Pages(), (std::array{true, false, false}));
   EXPECT_FALSE(window->Command1()->isEnabled());
   EXPECT_EQ(window->Command2()->Caption(), "Next >>");
   EXPECT_EQ(window->lwSrc()->topLevelItemCount(), 0);
   window->Timer1_Timer();
   EXPECT_FALSE(window->fr1()->Picture4()->isHidden());
   EXPECT_EQ(window->height(), shell::kMinimumWindowHeight);
-  EXPECT_FALSE(window->frPreview()->isHidden());
-  EXPECT_TRUE(window->fr1()->EnPreview()->isHidden());
+  EXPECT_EQ(std::tuple(window->frPreview()->isHidden(), window->fr1()->EnPreview()->isHidden()),
+            std::tuple(false, true));
 }
 
 TEST_F(StartUpTest, TheLoadedProfileReachesTheWindow) {
@@ -38,33 +34,27 @@ TEST_F(StartUpTest, TheLoadedProfileReachesTheWindow) {
   saved.blocks = engine::Blocks({engine::NewBlock(engine::kRotate), engine::NewBlock(engine::kGamma)});
   ASSERT_TRUE(settings::SaveProfile(saved, home.DataFolder() + "/Profiles/default.profile"));
   Start();
-  EXPECT_EQ(window->fixed().FormatCombo1, 3);
-  EXPECT_EQ(window->fixed().FileNameText1, "{Title}.{OutputType}");
-  EXPECT_EQ(window->entries().UpperBound(), 5);
-  EXPECT_EQ(window->operationList()->StructCaption(4)->title(), "Rotate");
-  EXPECT_EQ(window->operationList()->StructCaption(5)->title(), "Gamma correction");
+  EXPECT_EQ(std::tuple(window->fixed().FormatCombo1, window->fixed().FileNameText1),
+            std::tuple(3, "{Title}.{OutputType}"));
+  EXPECT_EQ(Captions(), (std::vector<std::string>{"Convert to", "Save to", "File name", "Rotate", "Gamma correction"}));
 }
 
-TEST_F(StartUpTest, BackAndNextWalkTheSteps) {
+// Back and Next walk the steps; "Start!" with an empty list terminates and Back offers it again.
+TEST_F(StartUpTest, BackAndNextWalkTheStepsAndAnEmptyRunTerminates) {
   Next();
   EXPECT_EQ(window->wizard().WizardStep, 1);
-  EXPECT_FALSE(window->fr2()->isHidden());
-  EXPECT_TRUE(window->fr1()->isHidden());
+  EXPECT_EQ(Pages(), (std::array{false, true, false}));
   EXPECT_EQ(window->Command2()->Caption(), "Start!");
   EXPECT_TRUE(window->Command1()->isEnabled());
   Back();
   EXPECT_EQ(window->wizard().WizardStep, 0);
   EXPECT_FALSE(window->Command1()->isEnabled());
-  EXPECT_FALSE(window->fr1()->isHidden());
-}
-
-TEST_F(StartUpTest, StartWithAnEmptyListTerminatesAndBackOffersStartAgain) {
+  EXPECT_EQ(Pages(), (std::array{true, false, false}));
   Next();
   Next();
   EXPECT_EQ(window->wizard().WizardStep, 2);
-  EXPECT_FALSE(window->fr3()->isHidden());
-  EXPECT_EQ(Status(), "Terminated.");
-  EXPECT_EQ(FileLine(), "No files to process.");
+  EXPECT_EQ(Pages(), (std::array{false, false, true}));
+  EXPECT_EQ(Status() + " " + FileLine(), "Terminated. No files to process.");
   EXPECT_FALSE(window->Command2()->isEnabled());
   Back();
   EXPECT_EQ(window->wizard().WizardStep, 1);
@@ -80,12 +70,12 @@ TEST_F(StartUpTest, AResizeBelowTheMinimumIsUndone) {
 
 TEST_F(StartUpTest, HideAndShowPreviewSwitchThePaneAndTheButtons) {
   QTest::mouseClick(window->frPreview()->Command3(), Qt::LeftButton);
-  EXPECT_TRUE(window->frPreview()->isHidden());
-  EXPECT_FALSE(window->fr1()->EnPreview()->isHidden());
+  EXPECT_EQ(std::tuple(window->frPreview()->isHidden(), window->fr1()->EnPreview()->isHidden()),
+            std::tuple(true, false));
   EXPECT_EQ(window->fr1()->width(), window->width() - 12);
   QTest::mouseClick(window->fr1()->EnPreview(), Qt::LeftButton);
-  EXPECT_FALSE(window->frPreview()->isHidden());
-  EXPECT_TRUE(window->fr1()->EnPreview()->isHidden());
+  EXPECT_EQ(std::tuple(window->frPreview()->isHidden(), window->fr1()->EnPreview()->isHidden()),
+            std::tuple(false, true));
   EXPECT_LT(window->fr1()->width(), window->width() - 12);
 }
 
@@ -94,7 +84,7 @@ TEST_F(StartUpTest, ClosingSavesTheNameTheWindowStateAndTheProfileThenEnds) {
   window->lblProcess_Click(engine::kMirror);
   window->close();
   EXPECT_EQ(process_ends, 1);
-  const std::string profile = home.DataFolder() + "/Profiles/default.profile";
+  const std::string profile = DefaultProfile();
   EXPECT_EQ(settings::ReadIni("Main", "LastProfile", home.DataFolder() + "/settings.ini"), profile);
   EXPECT_EQ(settings::ReadIni("Profile", "8", profile), "closed_{Counter}");
   EXPECT_EQ(settings::ReadIni("Profile", "ProcessTotal", profile), "1");
@@ -102,12 +92,7 @@ TEST_F(StartUpTest, ClosingSavesTheNameTheWindowStateAndTheProfileThenEnds) {
 }
 
 TEST_F(StartUpTest, ClosingDuringARunSavesAndEndsFromInsideTheRun) {
-  std::vector<std::string> files;
-  for (const char* name : {"a.jpg", "b.jpg"}) {
-    files.push_back(work.file(name));
-    ASSERT_TRUE(samples::WritePhotoJpeg(files.back(), 40, 30));
-  }
-  AddImages(files);
+  AddImages({Photo("a.jpg"), Photo("b.jpg")});
   Next();
   window->fixed().SaveToText1 = work.file("out");
   // The close waits in the event queue; the run lets it through at its first yield.
@@ -119,15 +104,13 @@ TEST_F(StartUpTest, ClosingDuringARunSavesAndEndsFromInsideTheRun) {
   Next();
   EXPECT_EQ(process_ends, 1);
   EXPECT_EQ(ends_seen_by_the_run, 1) << "the close came before the first file";
-  const std::string profile = home.DataFolder() + "/Profiles/default.profile";
-  EXPECT_EQ(settings::ReadIni("Profile", "10", profile), work.file("out") + "/");
+  EXPECT_EQ(settings::ReadIni("Profile", "10", DefaultProfile()), work.file("out") + "/");
 }
 
 // A damaged profile asking for 100000 operations (no block sections: all Resize) opens with the
 // first 1000 listed and a word to the user; a later load adds only what still fits.
 TEST_F(StartUpTest, AChainLongerThanTheListHoldsIsCutWithAMessage) {
-  const std::string profile = home.DataFolder() + "/Profiles/default.profile";
-  WriteWholeFile(profile, "[Profile]\r\nProcessTotal=100000\r\n");
+  WriteWholeFile(DefaultProfile(), "[Profile]\r\nProcessTotal=100000\r\n");
   Start();
   EXPECT_EQ(window->entries().UpperBound(), 3 + shell::kLongestListedChain);
   ASSERT_EQ(services.informed.size(), 1u);

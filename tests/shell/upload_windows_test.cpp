@@ -51,18 +51,17 @@ TEST_F(UploadWindowsTest, TheCaptchaPromptGivesTheTypedCode) {
 TEST_F(UploadWindowsTest, TheLogsAndTheRunPageLines) {
   view().ShowSessionLog("220 ready\n226 done");
   ASSERT_TRUE(view().Form7());
-  EXPECT_EQ(view().Form7()->windowTitle(), "Log");
-  EXPECT_EQ(view().Form7()->Text1()->toPlainText(), "220 ready\n226 done");
+  EXPECT_EQ(
+      std::tuple(view().Form7()->windowTitle().toStdString(), view().Form7()->Text1()->toPlainText().toStdString()),
+      std::tuple("Log", "220 ready\n226 done"));
   view().SetProcessLogStatus("Uploading...");
-  EXPECT_EQ(view().Form6()->lblStatus()->text(), "Uploading...");
-  EXPECT_TRUE(view().Form6()->isHidden());
+  EXPECT_EQ(std::tuple(view().Form6()->lblStatus()->text().toStdString(), view().Form6()->isHidden()),
+            std::tuple("Uploading...", true));
   view().SetStatus("Uploading");
   view().SetFile("a.jpg");
   view().SetProgressRange(0, 4);
   view().SetProgressValue(2);
-  EXPECT_EQ(Status(), "Uploading");
-  EXPECT_EQ(FileLine(), "a.jpg");
-  EXPECT_EQ(window->fr3()->pb1()->value(), 2);
+  EXPECT_EQ(std::tuple(Status(), FileLine(), window->fr3()->pb1()->value()), std::tuple("Uploading", "a.jpg", 2));
   view().OpenUrl("http://example.org/setup.zip");
   EXPECT_EQ(services.opened_urls, (std::vector<std::string>{"http://example.org/setup.zip"}));
 }

@@ -6,8 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QCoreApplication>
 #include <QTest>
+#include <array>
 #include <cstdlib>
 #include <deque>
 #include <filesystem>
@@ -16,6 +16,7 @@
 #include <string>
 #include <vector>
 
+#include "scripts/sample_images.h"
 #include "shell/main_window.h"
 #include "shell/new_operation_dialog.h"
 #include "shell/shell_services.h"
@@ -104,6 +105,28 @@ class WindowTest : public ::testing::Test {
 
   std::string Status() const { return window->fr3()->lblStatus()->text().toStdString(); }
   std::string FileLine() const { return window->fr3()->lblFile()->text().toStdString(); }
+  // Which of the wizard's pages (sources, operations, run) are on view.
+  std::array<bool, 3> Pages() const {
+    return {!window->fr1()->isHidden(), !window->fr2()->isHidden(), !window->fr3()->isHidden()};
+  }
+  // The titles of the listed entries below the design element, top to bottom.
+  std::vector<std::string> Captions() const {
+    std::vector<std::string> titles;
+    for (const int index : window->entries().Indices())
+      if (index > 0) titles.push_back(window->operationList()->StructCaption(index)->title().toStdString());
+    return titles;
+  }
+  // A control of the window by its name, for those the window holds once (the fixed entries').
+  template <typename T = QWidget>
+  T* Find(const char* name) const {
+    return window->findChild<T*>(name);
+  }
+  std::string DefaultProfile() const { return home.DataFolder() + "/Profiles/default.profile"; }
+  std::string Photo(const std::string& name, int width = 64, int height = 48) {
+    const std::string path = work.file(name);
+    EXPECT_TRUE(samples::WritePhotoJpeg(path, width, height));
+    return path;
+  }
 
   PrivateHome home;
   TempFolder work;

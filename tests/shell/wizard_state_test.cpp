@@ -6,22 +6,17 @@
 namespace velmora::shell {
 namespace {
 
-TEST(WizardState, NegativeStepBecomesZero) {
+// A negative step becomes zero; steps past the run leave the pages and hide the pane only on four.
+TEST(WizardState, StepsOutsideTheTable) {
   WizardState state{-1, true};
   EXPECT_EQ(UpdateWizard(state).page, 0);
   EXPECT_EQ(state.WizardStep, 0);
-}
-
-TEST(WizardState, OtherStepsLeaveThePagesAndHideThePaneOnlyOnFour) {
-  WizardState state{4, true};
+  state.WizardStep = 4;
   WizardLayout layout = UpdateWizard(state);
-  EXPECT_EQ(layout.page, -1);
-  EXPECT_TRUE(layout.next_caption.empty());
-  EXPECT_FALSE(layout.preview_pane_shown);
+  EXPECT_EQ(std::tuple(layout.page, layout.next_caption, layout.preview_pane_shown), std::tuple(-1, "", false));
   state.WizardStep = 3;
   layout = UpdateWizard(state);
-  EXPECT_EQ(layout.page, -1);
-  EXPECT_TRUE(layout.preview_pane_shown);
+  EXPECT_EQ(std::tuple(layout.page, layout.preview_pane_shown), std::tuple(-1, true));
 }
 
 }  // namespace
