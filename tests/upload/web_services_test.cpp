@@ -156,7 +156,7 @@ TEST_F(UpdateCheckTest, TheNumberInTheVersionFileDecides) {
   EXPECT_TRUE(Request(1).starts_with("http GET /!velmora-current-version.txt HTTP/1.1\r\n"));
 }
 
-TEST(PicasaText, ElementMediaTypeTokenAndAlbumPath) {
+TEST(PicasaText, ElementEntryMediaTypeTokenAndAlbumPath) {
   using namespace upload;
   EXPECT_EQ(TagValue("TITLE", "<html>1</html><title type='text'>Trip</Title>"), "Trip");
   EXPECT_EQ(TagValue("id", "<id>never closed") + TagValue("id", "<id never ends") + TagValue("id", "<title>x</title>"),
@@ -165,6 +165,9 @@ TEST(PicasaText, ElementMediaTypeTokenAndAlbumPath) {
   EXPECT_EQ(TagValue("id", "<identity>x</identity><id>y</id>"), "x</identity><id>y");
   EXPECT_EQ(ContentTypeOfPath("/out/a.JPEG ") + " " + ContentTypeOfPath("a.Bmp"), "image/jpeg image/bmp");
   for (const char* none : {"a.tif", "noextension", "", "/dir.v2/file"}) EXPECT_EQ(ContentTypeOfPath(none), "") << none;
+  // Each entry on its own, an empty one or one without an id included.
+  EXPECT_EQ(AlbumsOfFeed("<entry></entry><entry><title>A</title></entry><entry><id>x</id></entry>"),
+            (std::vector<Album>{{"", ""}, {"", "A"}, {"x", ""}}));
   EXPECT_EQ(AuthTokenOf("auth=  T  \nXYZWVU"), "T  \nXYZW");
   EXPECT_EQ(AuthTokenOf("Auth=no line feed"), "");
   EXPECT_EQ(AlbumPathOf("HTTPS://PicasaWeb.Google.com/data/ENTRY/api/user/u/albumid/7", "picasaweb.google.com"),
