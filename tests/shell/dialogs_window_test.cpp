@@ -164,11 +164,8 @@ TEST_F(DialogsTest, AConfirmedFontSurvivesACancelledColour) {
       }
     });
     answerer.start(20);
-    shell::FontRequest request;
-    request.face = "DejaVu Sans";
-    request.tenths = 120;
-    request.color = 0x00FF00;
-    const std::optional<shell::FontAnswer> answer = shell::QtShellServices().ChooseFont(request);
+    const std::optional<shell::FontAnswer> answer =
+        shell::QtShellServices().ChooseFont({.face = "DejaVu Sans", .tenths = 120, .color = 0x00FF00});
     ASSERT_TRUE(answer);
     EXPECT_EQ(std::tuple(answer->tenths, answer->color), std::tuple(480, confirm_colour ? 0xFF0000 : 0x00FF00));
   }

@@ -25,11 +25,7 @@ TEST(FontStyle, ACancelOnANewWatermarkFillsTheStringFromTheWorkingCopy) {
 }
 
 TEST(FontStyle, AnEmptyStringStartsFromTheLastUse) {
-  engine::FontState font;
-  font.FontFace = "DejaVu Serif";
-  font.FontSize = 15;
-  font.FontBold = engine::kTrue;
-  font.FontColor = 0x336699;
+  engine::FontState font{.FontColor = 0x336699, .FontFace = "DejaVu Serif", .FontSize = 15, .FontBold = engine::kTrue};
   ScriptedChooser chooser;
   EXPECT_EQ(StyleButtonFlow("", font, chooser), "3368601|False|False|False|DejaVu Serif|15|True");
   const FontRequest& r = chooser.requests[0];
@@ -41,27 +37,17 @@ TEST(FontStyle, AnEmptyStringStartsFromTheLastUse) {
 TEST(FontStyle, TheStoredStringIsParsedAndTheAnswerTaken) {
   engine::FontState font;
   ScriptedChooser chooser;
-  FontAnswer answer;
-  answer.face = "Liberation Sans";
-  answer.tenths = 187;
-  answer.color = 0x0000FF;
-  answer.italic = true;
-  answer.strikeout = true;
-  chooser.answer = answer;
+  chooser.answer =
+      FontAnswer{.face = "Liberation Sans", .tenths = 187, .color = 0x0000FF, .italic = true, .strikeout = true};
   const std::string result = StyleButtonFlow("16711680|False|True|False|Arial|10|True", font, chooser);
   const FontRequest& r = chooser.requests[0];
   EXPECT_EQ(std::tuple(r.face, r.height, r.underline), std::tuple("Arial", 13, true));
   EXPECT_EQ(result, "255|True|False|True|Liberation Sans|18|False");
   EXPECT_EQ(font.FontSize, 18);  // tenths divided by 10, the rest dropped
-}
-
-TEST(FontStyle, FaceNamesAreCut) {
-  engine::FontState font;
+  // Face names are cut, the one asked for shorter than the one taken.
   font.FontFace = std::string(40, 'a');
   EXPECT_EQ(MakeFontRequest(font).face.size(), 31u);
-  FontAnswer answer;
-  answer.face = std::string(100, 'b');
-  TakeFontAnswer(font, answer);
+  TakeFontAnswer(font, {.face = std::string(100, 'b')});
   EXPECT_EQ(font.FontFace.size(), 79u);
 }
 

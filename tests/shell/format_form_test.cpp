@@ -6,6 +6,7 @@
 namespace velmora::shell {
 namespace {
 
+// JPEG shows depth and quality with the stored quality; a name not known shows nothing.
 TEST(FormatForm, JpegShowsDepthAndQualityWithTheStoredQuality) {
   engine::OutputChoices output;
   output.Quality = 90;
@@ -13,6 +14,8 @@ TEST(FormatForm, JpegShowsDepthAndQualityWithTheStoredQuality) {
   EXPECT_EQ(std::tuple(form.depth_row, form.quality_row, form.multipage_row), std::tuple(true, true, false));
   EXPECT_EQ(std::tuple(form.QualitySlider1, form.QualityText1, form.ColorDepthCombo1.items.size()),
             std::tuple(90, "90", 3u));
+  const FormatForm webp = OpenFormatForm("WEBP", output);
+  EXPECT_FALSE(webp.depth_row || webp.quality_row || webp.multipage_row || webp.compression_shown);
 }
 
 TEST(FormatForm, ADepthBeyondTheListKeepsRowZeroAndOkStoresIt) {
@@ -37,7 +40,7 @@ TEST(FormatForm, BmpStoresNoCompressionAndTiffThenOpensAtNone) {
 
 TEST(FormatForm, TiffBranchRowsWhenNothingIsStoredAgainstThem) {
   engine::OutputChoices output;
-  output.CompressionIndex = 20;  // beyond the list: the branch's row stays
+  output.CompressionIndex = 20;  // beyond the lists: the branch's rows stay
   output.Compression2Index = 20;
   output.MultipageMode = 9;
   const FormatForm form = OpenFormatForm("TIFF", output);
@@ -67,11 +70,6 @@ TEST(FormatForm, GifStoresNoDepthAndALaterFormatOpensAtRowZero) {
   ApplyFormatForm(OpenFormatForm("GIF", output), output, flags);
   EXPECT_EQ(output.ColorDepth, -1);
   EXPECT_EQ(OpenFormatForm("PNG", output).ColorDepthCombo1.index, 0);
-}
-
-TEST(FormatForm, AnUnknownNameShowsNothing) {
-  const FormatForm form = OpenFormatForm("WEBP", engine::OutputChoices{});
-  EXPECT_FALSE(form.depth_row || form.quality_row || form.multipage_row || form.compression_shown);
 }
 
 TEST(FormatForm, ColoursAndTheHiddenSliderAreStoredAllTheSame) {

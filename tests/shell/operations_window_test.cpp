@@ -205,8 +205,7 @@ TEST_F(OperationsTest, ResizePanelEditsReachTheChain) {
   auto* keep = Control<QCheckBox>(index, "ElemCheck1");
   ASSERT_TRUE(units && keep);
   // A new panel starts at "percents" with "Keep proportions" checked, as a new Block does.
-  EXPECT_EQ(units->currentText(), "percents");
-  EXPECT_TRUE(keep->isChecked());
+  EXPECT_EQ(std::tuple(units->currentText().toStdString(), keep->isChecked()), std::tuple("percents", true));
   Choose(units, 0);
   EXPECT_TRUE(keep->isEnabled());
   Choose(units, 1);
@@ -235,18 +234,13 @@ TEST_F(OperationsTest, WatermarkTypeSwitchAndStyleFlow) {
   ASSERT_TRUE(type && text && command && angle);
   Type(text, "(c) Velmora");
   angle->setValue(45);
-  EXPECT_EQ(Control<QLineEdit>(index, "ElemText3")->text(), "45");
-  EXPECT_FALSE(Control<QLineEdit>(index, "ElemText3")->isEnabled());
+  auto* angle_text = Control<QLineEdit>(index, "ElemText3");
+  EXPECT_EQ(std::tuple(angle_text->text().toStdString(), angle_text->isEnabled()), std::tuple("45", false));
 
   // "Style...": the chooser starts from the last use, and its answer lands in the text's tag.
   state->font.FontFace = "DejaVu Sans";
   state->font.FontSize = 20;
-  shell::FontAnswer answer;
-  answer.face = "DejaVu Serif";
-  answer.tenths = 240;
-  answer.color = 0x00FF00;
-  answer.bold = true;
-  services.fonts.push_back(answer);
+  services.fonts.push_back(shell::FontAnswer{.face = "DejaVu Serif", .tenths = 240, .color = 0x00FF00, .bold = true});
   QTest::mouseClick(command, Qt::LeftButton);
   ASSERT_EQ(services.font_requests.size(), 1u);
   EXPECT_EQ(std::tuple(services.font_requests[0].face, services.font_requests[0].height),

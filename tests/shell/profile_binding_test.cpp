@@ -19,10 +19,7 @@ class ProfileBindingTest : public ::testing::Test {
 };
 
 TEST_F(ProfileBindingTest, OutputChoicesFromTheFixedControls) {
-  fixed.FormatCombo1 = 5;
-  fixed.Check1 = true;
-  fixed.SaveToText1 = "/tmp/out";
-  fixed.FileNameText1 = "{Title}";
+  fixed = {.FormatCombo1 = 5, .Check1 = true, .SaveToText1 = "/tmp/out", .FileNameText1 = "{Title}"};
   ApplyProfile(entries, fixed, state);
   const engine::OutputChoices& o = state.output;
   EXPECT_EQ(std::tuple(o.OutputFormat, o.OpenTargetFolder, o.OutputFolder, o.NameTemplate),
@@ -97,10 +94,8 @@ TEST_F(ProfileBindingTest, RefreshAppendsPanelsBehindWhatIsListed) {
   mark.WatermarkSource = "/logo.png";
   mark.HAlign = 1;
   state.blocks = engine::Blocks({rotate, bad, mark});
-  state.output.OutputFormat = 3;
-  state.output.OutputFolder = "/out/";
-  state.output.NameTemplate = "x_{Counter}";
-  state.output.OpenTargetFolder = engine::kFalse;
+  state.output = {
+      .OutputFormat = 3, .NameTemplate = "x_{Counter}", .OpenTargetFolder = engine::kFalse, .OutputFolder = "/out/"};
   fixed.Check1 = true;
 
   RefreshProfile(state, entries, fixed);

@@ -27,7 +27,6 @@ TEST_F(ProfileMenuTest, SaveAddsTheExtensionAndWritesWhatTheWindowShows) {
   EXPECT_EQ(std::tuple(state->CurrentProfile, window->windowTitle().toStdString()),
             std::tuple(path, "Velmora - [job.profile]"));
 
-  // The file, read back on its own, holds the window's chain and output choices.
   engine::AppState reread;
   settings::LoadProfile(reread, path);
   EXPECT_EQ(reread.blocks, state->blocks);
@@ -58,8 +57,7 @@ TEST_F(ProfileMenuTest, LoadAppendsTheChainToWhatIsListed) {
   AddOperation(2);
   AddOperation(3);
   engine::AppState saved;
-  saved.output.OutputFormat = 5;
-  saved.output.OutputFolder = work.slash();
+  saved.output = {.OutputFormat = 5, .OutputFolder = work.slash()};
   saved.blocks = engine::Blocks({engine::NewBlock(engine::kEffect), engine::NewBlock(engine::kGamma)});
   ASSERT_TRUE(settings::SaveProfile(saved, work.file("two.profile")));
   services.profiles.push_back(work.file("two.profile"));

@@ -6,6 +6,7 @@
 namespace velmora::shell {
 namespace {
 
+// The form opens from the settings; passive mode is touched only for one or zero.
 TEST(SettingsForm, OpensFromTheSettings) {
   engine::Settings settings;
   settings.IfOutputFileExists = 2;
@@ -18,12 +19,6 @@ TEST(SettingsForm, OpensFromTheSettings) {
   EXPECT_EQ(IfOutputFileExistsItems()[static_cast<std::size_t>(form.Combo1)], "Auto change file name");
   EXPECT_EQ(std::tuple(form.Check2, form.Text5, form.Check1, ProxyFieldsEnabled(form)),
             std::tuple(true, "ftp.example.org", true, false));
-}
-
-TEST(SettingsForm, PassiveModeIsTouchedOnlyForOneOrZero) {
-  engine::Settings settings;
-  SettingsForm form;
-  form.Check1 = true;
   settings.FtpPassive = 7;
   OpenSettingsForm(settings, form);
   EXPECT_TRUE(form.Check1);

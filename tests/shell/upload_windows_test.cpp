@@ -23,9 +23,7 @@ TEST_F(UploadWindowsTest, TheAlbumChooserGivesTheChosenRowsId) {
   QTest::mouseClick(chooser->Command1(), Qt::LeftButton);
   EXPECT_FALSE(view().AlbumChooserShowing());
   EXPECT_EQ(view().AlbumChooserChoice(), "id:garden");
-}
-
-TEST_F(UploadWindowsTest, CancelAndAnEmptyListGiveNoAlbum) {
+  // Cancel and an empty list give no album.
   view().ShowAlbumChooser({});
   QTest::mouseClick(view().Form4()->Command1(), Qt::LeftButton);  // OK does nothing without rows
   EXPECT_TRUE(view().AlbumChooserShowing());

@@ -77,7 +77,6 @@ class PrivateHome {
 class WindowTest : public ::testing::Test {
  protected:
   void SetUp() override { Start(); }
-  void TearDown() override { window.reset(); }
 
   void Start() {
     window.reset();
