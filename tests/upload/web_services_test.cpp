@@ -99,7 +99,8 @@ TEST_F(PicasaUploadTest, EachRefusalEndsTheUploadWithItsMessage) {
   const std::string signed_in = kLogin + "200 signed-in.txt\n", feed = "GET /data/feed/api/user/alice ";
   const std::tuple<std::string, std::string, std::string> cases[] = {
       // routes, the answer's body, what it shows
-      {kLogin + "403 body.txt\n", "Error=CaptchaRequired\nCaptchaUrl=Captcha?ctoken=x",  // cancelled: no message
+      // The captcha image comes with a status that is no success (and is not kept); cancelled, no message.
+      {kLogin + "403 body.txt\nGET /accounts/ 300 body.txt\n", "Error=CaptchaRequired\nCaptchaUrl=Captcha?ctoken=x",
        "Connecting...\ncaptcha \nstatus Failed"},
       {kLogin + "403 body.txt\n", "Error=BadAuthentication\n",
        "message X Failed to login to Google Picasa. Check Username/Password and try again.\r\n\r\n403\r\n"
@@ -144,6 +145,7 @@ TEST_F(UpdateCheckTest, TheNumberInTheVersionFileDecides) {
       {"> 1 <2", "200", kFailed, failed},
       {"<403", "200", kFailed, failed},
       {"<403>", "404", kFailed, failed},
+      {"<403>", "300", kFailed, failed},
       {"<403>", "close", kFailed, failed}};
   for (const auto& [file, status, outcome, shown] : cases) {
     view = RecordingUploadView();
@@ -170,8 +172,8 @@ TEST(PicasaText, ElementEntryMediaTypeTokenAndAlbumPath) {
             (std::vector<Album>{{"", ""}, {"", "A"}, {"x", ""}}));
   EXPECT_EQ(AuthTokenOf("auth=  T  \nXYZWVU"), "T  \nXYZW");
   EXPECT_EQ(AuthTokenOf("Auth=no line feed"), "");
-  EXPECT_EQ(AlbumPathOf("HTTPS://PicasaWeb.Google.com/data/ENTRY/api/user/u/albumid/7", "picasaweb.google.com"),
-            "/data/feed/api/user/u/albumid/7");
+  EXPECT_EQ(AlbumPathOf("HTTPS://PicasaWeb.Google.com/data/ENTRY/api/user/u/entry/7", "picasaweb.google.com"),
+            "/data/feed/api/user/u/feed/7");
 }
 
 }  // namespace
