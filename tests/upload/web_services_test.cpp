@@ -133,10 +133,10 @@ TEST_F(UpdateCheckTest, TheNumberInTheVersionFileDecides) {
   hosts.MakerPort = StartHttp().first;
   using enum upload::UpdateOutcome;
   const std::string newer = "message i? New version is available. Upgrade from official website?\n",
-                    current = "message i No updates available\n", failed = "message ! Failed to check for updates\n";
+                    current = "message i No updates available\n", failed = "message ! Failed to check for updates\n",
+                    setup = "open http://127.0.0.1:" + std::to_string(hosts.MakerPort) + "/VelmoraSetup.zip\n";
   const std::tuple<std::string, std::string, upload::UpdateOutcome, std::string> cases[] = {
-      {"Velmora <403>\n", "200", kNewVersion,
-       newer + "open http://127.0.0.1:" + std::to_string(hosts.MakerPort) + "/VelmoraSetup.zip\nmain window closed\n"},
+      {"Velmora <403>\n", "200", kNewVersion, newer + setup + "main window closed\n"},
       {"<500>", "200", kNewVersion, newer},
       {"<402>", "200", kCurrent, current},
       {"<402.0> and later text", "200", kCurrent, current},
