@@ -172,6 +172,8 @@ TEST(PicasaText, ElementEntryMediaTypeTokenAndAlbumPath) {
             (std::vector<Album>{{"", ""}, {"", "A"}, {"x", ""}}));
   EXPECT_EQ(AuthTokenOf("auth=  T  \nXYZWVU"), "T  \nXYZW");
   EXPECT_EQ(AuthTokenOf("Auth=no line feed"), "");
+  std::string token = "kept";
+  EXPECT_FALSE(CaptchaTokenOf("CaptchaToken=no line feed", token));
   EXPECT_EQ(AlbumPathOf("HTTPS://PicasaWeb.Google.com/data/ENTRY/api/user/u/entry/7", "picasaweb.google.com"),
             "/data/feed/api/user/u/feed/7");
 }
