@@ -28,6 +28,7 @@ namespace velmora {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::ReadFolderFiles;
 using testing::ReadImageFacts;
 using testing::ReadWholeFile;
 using Clock = std::chrono::steady_clock;
@@ -38,15 +39,6 @@ struct Result {
   bool operator==(const Result&) const = default;
   friend void PrintTo(const Result& r, std::ostream* os) { *os << r.code << "\nout: " << r.out << "\nerr: " << r.err; }
 };
-
-// Every file under `folder`, by its path relative to it, with its bytes.
-std::map<std::string, std::string> Files(const fs::path& folder) {
-  std::map<std::string, std::string> files;
-  std::error_code error;
-  for (fs::recursive_directory_iterator it(folder, error), end; it != end; ++it)
-    if (it->is_regular_file()) files[fs::relative(it->path(), folder).string()] = ReadWholeFile(it->path().string());
-  return files;
-}
 
 // The names in `folder` (or, `full`, the paths), sorted: temporaries, whose names start with a dot, come first.
 std::vector<std::string> Names(const fs::path& folder, bool full = false) {
@@ -139,7 +131,7 @@ TEST_F(Batch, ConvertsTheSourcesInScanOrderWithTheProfileAndTheOptions) {
   const auto harbour = ReadImageFacts(Work("halves/000_harbour.png"));
   EXPECT_EQ(std::tuple(harbour.format, harbour.width, harbour.height), std::tuple(int{FIF_PNG}, 32u, 24u));
   EXPECT_EQ(ReadWholeFile(profile), profile_bytes);
-  EXPECT_TRUE(Files(home_.path()).empty());  // no settings.ini, no default.profile
+  EXPECT_TRUE(ReadFolderFiles(home_.path()).empty());  // no settings.ini, no default.profile
 }
 
 // A bad command line exits with 2; a missing profile or source, no images, or an output folder that cannot be used with
@@ -187,7 +179,7 @@ TEST_F(Batch, RefusedRunsExitEarlyAndWriteNothing) {
     EXPECT_TRUE(message.find("output folder") != std::string::npos || fs::is_empty(home_.path()));
   }
   EXPECT_FALSE(fs::exists(Work("not-made")));
-  EXPECT_TRUE(Files(home_.path()).empty());
+  EXPECT_TRUE(ReadFolderFiles(home_.path()).empty());
   for (const auto& [option, start] :
        {std::pair{"--help", "Usage: velmora-batch [OPTIONS] SOURCE...\n"}, std::pair{"--version", "velmora-batch "}}) {
     const Result result = Run({option});
@@ -214,10 +206,10 @@ TEST_F(Batch, ReadsTheStartProfileAndWritesNoProfile) {
   for (const auto& [prepare, output, notice] : steps) {
     SCOPED_TRACE(output);
     prepare();
-    const auto before = Files(home_.path());
+    const auto before = ReadFolderFiles(home_.path());
     ASSERT_EQ(Run({"-q", "cover.jpg"}), (Result{0, "", notice.empty() ? "" : "velmora-batch: " + notice + "\n"}));
     EXPECT_EQ(ReadImageFacts(output).format, FIF_JPEG);
-    auto after = Files(home_.path());
+    auto after = ReadFolderFiles(home_.path());
     after.erase(fs::relative(output, home_.path()).string());
     EXPECT_TRUE(after == before);
   }
@@ -246,7 +238,7 @@ TEST_P(BatchInPlace, EveryOriginalIsReplacedByItsConversion) {
     }
     if (!crosswise) arguments.push_back(sources);
     ASSERT_EQ(Run(arguments), (Result{0, "", ""}));
-    EXPECT_TRUE(folder == "reference" || Files(Work(folder)) == Files(Work("reference")));
+    EXPECT_TRUE(folder == "reference" || ReadFolderFiles(Work(folder)) == ReadFolderFiles(Work("reference")));
   }
   for (unsigned i = 0; i < 6; ++i)  // the counter names the row, not the source
     EXPECT_EQ(ReadImageFacts(Work("reference/00" + std::to_string(i) + ".jpg")).width,
@@ -276,7 +268,7 @@ TEST_P(BatchInterrupted, AKilledRunAndAFullDiskLeaveNoPartialFileUnderAFinalName
                            : samples::WritePhoto(Work(arguments.back()), 2400, 1600, static_cast<unsigned>(i + 1)));
   }
   ASSERT_EQ(Run(arguments).code, 0);
-  const auto reference = Files(Work("reference"));
+  const auto reference = ReadFolderFiles(Work("reference"));
 
   arguments[3] = "out";
   bool caught = false;
@@ -290,7 +282,7 @@ TEST_P(BatchInterrupted, AKilledRunAndAFullDiskLeaveNoPartialFileUnderAFinalName
     ::kill(child, SIGKILL);
   });
   EXPECT_TRUE(caught);
-  auto complete = Files(Work("out"));
+  auto complete = ReadFolderFiles(Work("out"));
   std::erase_if(complete, [](const auto& file) { return file.first[0] == '.'; });  // the temporaries
   for (const auto& [name, bytes] : complete) EXPECT_TRUE(reference.count(name) && bytes == reference.at(name)) << name;
   EXPECT_LT(complete.size(), reference.size());
@@ -302,7 +294,7 @@ TEST_P(BatchInterrupted, AKilledRunAndAFullDiskLeaveNoPartialFileUnderAFinalName
   const std::string size = "size=" + std::to_string((reference.at("s10.tif").size() * 3 / 2 + 4095) / 4096 * 4) + "k";
   if (::mount("tmpfs", Work("full").c_str(), "tmpfs", 0, size.c_str()) != 0) GTEST_SKIP() << "cannot mount a tmpfs";
   const Result result = Run(arguments);
-  const auto files = Files(Work("full"));
+  const auto files = ReadFolderFiles(Work("full"));
   ::umount(Work("full").c_str());
   EXPECT_EQ(result.code, 3);
   EXPECT_TRUE(files == (std::map<std::string, std::string>{{"s10.tif", reference.at("s10.tif")}}));

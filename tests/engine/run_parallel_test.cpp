@@ -14,14 +14,6 @@ namespace {
 using FolderBytes = std::map<std::string, std::string>;
 const std::string kWorkerProgram = VELMORA_BINARY_DIR "/app/velmora-worker";
 
-FolderBytes ReadFolder(const std::filesystem::path& folder) {
-  FolderBytes files;
-  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder))
-    if (entry.is_regular_file())
-      files[std::filesystem::relative(entry.path(), folder).string()] = testing::ReadWholeFile(entry.path().string());
-  return files;
-}
-
 // What a run leaves: its files, and the texts it showed and kept (written files, statuses, file
 // lines, percent labels, failures, the font state at the end).
 struct RunOutcome {
@@ -83,7 +75,7 @@ class ParallelRun : public ::testing::Test {
     GoProcess2(state, SourceList{rows_, -1}, view, options);
     std::vector<std::string> written = state.WrittenFiles.Entries();
     for (std::string& path : written) path = std::filesystem::relative(path, out.path()).string();
-    return {ReadFolder(out.path()),
+    return {testing::ReadFolderFiles(out.path()),
             {written, view.statuses, view.files, view.wait_labels, view.failures},
             FormatWatermarkFont(state.font)};
   }

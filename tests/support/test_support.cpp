@@ -60,4 +60,13 @@ void WriteWholeFile(const std::string& path, const std::string& content) {
   out << content;
 }
 
+std::map<std::string, std::string> ReadFolderFiles(const std::filesystem::path& folder) {
+  std::map<std::string, std::string> files;
+  std::error_code error;
+  for (std::filesystem::recursive_directory_iterator it(folder, error), end; it != end; ++it)
+    if (it->is_regular_file())
+      files[std::filesystem::relative(it->path(), folder).string()] = ReadWholeFile(it->path().string());
+  return files;
+}
+
 }  // namespace velmora::testing

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -80,5 +81,7 @@ using RecordingView = RecordingViewOf<>;
 
 std::string ReadWholeFile(const std::string& path);
 void WriteWholeFile(const std::string& path, const std::string& content);
+// Every file under `folder`, by its path relative to it, with its bytes; none when it is missing.
+std::map<std::string, std::string> ReadFolderFiles(const std::filesystem::path& folder);
 
 }  // namespace velmora::testing
