@@ -19,7 +19,10 @@ bool DragData::hasFormat(const QString& format) const {
 }
 
 QVariant DragData::retrieveData(const QString& format, QMetaType type) const {
-  if (!QMimeData::hasFormat(format) && promised_.contains(format) && filler_ && !filling_) {
+  // The base class's hasFormat asks our formats(), which lists promised formats too, so look at
+  // the data actually stored.
+  const bool stored = QMimeData::formats().contains(format);
+  if (!stored && promised_.contains(format) && filler_ && !filling_) {
     filling_ = true;
     filler_(const_cast<DragData*>(this), format);
     filling_ = false;
