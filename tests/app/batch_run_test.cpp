@@ -1,5 +1,5 @@
 // velmora-batch run as a real program over generated folders: what it converts and in which order, what it prints, its
-// exit codes, what it leaves alone, and what a killed run, a full disk, a dying worker or a hostile file leave.
+// exit codes, what it leaves alone, and what a killed run, a full disk, a slow source or a hostile file leave.
 #include <FreeImage.h>
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 #include <map>
 #include <thread>
@@ -28,17 +27,9 @@ namespace velmora {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::ReadFolderFiles;
-using testing::ReadImageFacts;
-using testing::ReadWholeFile;
+using namespace testing;
 using Clock = std::chrono::steady_clock;
-
-struct Result {
-  int code = -1;  // -1 when the program did not exit normally
-  std::string out, err;
-  bool operator==(const Result&) const = default;
-  friend void PrintTo(const Result& r, std::ostream* os) { *os << r.code << "\nout: " << r.out << "\nerr: " << r.err; }
-};
+using Result = std::tuple<int, std::string, std::string>;  // exit status (-1: none), standard output, standard error
 
 // The names in `folder` (or, `full`, the paths), sorted: temporaries, whose names start with a dot, come first.
 std::vector<std::string> Names(const fs::path& folder, bool full = false) {
@@ -86,63 +77,35 @@ class Batch : public ::testing::Test {
     return path;
   }
 
-  // pics/ with nested folders, links to a folder and to a file, an empty image, a text file and a file that only looks
-  // like an image; extra/ with an image whose name is no image type.
-  void MakeTree() const {
-    for (const char* folder : {"pics/trips/2019", "pics/archive", "extra"}) fs::create_directories(Work(folder));
-    fs::create_directory_symlink(Work("pics"), Work("pics/trips/loop"));
-    fs::create_symlink(Work("pics/harbour.jpg"), Work("pics/trips/2019/shortcut.jpg"));
-    ASSERT_TRUE(samples::WritePhotoJpeg(Work("pics/harbour.jpg"), 64, 48));
-    ASSERT_TRUE(samples::WriteAlphaPng(Work("pics/badge.png"), 40, 30));
-    testing::WriteWholeFile(Work("pics/empty.jpg"), "");
-    testing::WriteWholeFile(Work("pics/notes.txt"), "not a picture");
-    testing::WriteWholeFile(Work("pics/Broken.png"), "not a picture either");
-    ASSERT_TRUE(samples::WritePaletteBmp(Work("pics/archive/old.bmp"), 20, 10));
-    ASSERT_TRUE(samples::WritePaletteBmp(Work("pics/trips/poster.bmp"), 30, 20));
-    ASSERT_TRUE(samples::WritePhotoJpeg(Work("pics/trips/2019/beach.JPG"), 32, 32));
-    ASSERT_TRUE(samples::WritePhotoJpeg(Work("extra/cover.dat"), 16, 8));
-  }
-
-  testing::TempFolder home_, work_, streams_;
+  TempFolder home_, work_, streams_;
 };
 
-// Folders are scanned files first, type by type and by name without regard to case, then subfolders; a file already
-// taken, an empty one and a folder link are passed over, a link to a file is a file, and a named file is taken whatever
-// its type. The profile brings the chain and its output folder; the options override its format and template.
-TEST_F(Batch, ConvertsTheSourcesInScanOrderWithTheProfileAndTheOptions) {
-  MakeTree();
+// A bad command line exits with 2; a missing profile or source, no images, or an output folder that cannot be used with
+// 1; nothing is converted, and nothing is written before the sources are known to be there. A good one converts
+// folders files first, type by type and by name without regard to case, then subfolders; a file already taken, an
+// empty one and a folder link are passed over, a link to a file is a file, and a named file is taken whatever its type.
+// The profile brings the chain and its output folder; the options override its format and template.
+TEST_F(Batch, RefusesABadRunUpFrontAndConvertsAGoodOneInScanOrder) {
+  for (const char* folder : {"pics/trips/2019", "pics/archive", "extra"}) fs::create_directories(Work(folder));
+  fs::create_directory_symlink(Work("pics"), Work("pics/trips/loop"));
+  fs::create_symlink(Work("pics/harbour.jpg"), Work("pics/trips/2019/shortcut.jpg"));
+  ASSERT_TRUE(samples::WritePhotoJpeg(Work("pics/harbour.jpg"), 64, 48));
+  ASSERT_TRUE(samples::WriteAlphaPng(Work("pics/badge.png"), 40, 30));
+  WriteWholeFile(Work("pics/empty.jpg"), "");
+  WriteWholeFile(Work("pics/notes.txt"), "not a picture");
+  WriteWholeFile(Work("pics/Broken.png"), "not a picture either");
+  ASSERT_TRUE(samples::WritePaletteBmp(Work("pics/archive/old.bmp"), 20, 10));
+  ASSERT_TRUE(samples::WritePaletteBmp(Work("pics/trips/poster.bmp"), 30, 20));
+  ASSERT_TRUE(samples::WritePhotoJpeg(Work("pics/trips/2019/beach.JPG"), 32, 32));
+  ASSERT_TRUE(samples::WritePhotoJpeg(Work("extra/cover.dat"), 16, 8));  // an image whose name is no image type
+  WriteWholeFile(Work("blocker"), "a file where a folder should go");
   const std::string profile = Profile([&](engine::AppState& state) {
+    state.settings.AlwaysCreateOutputFolder = engine::kFalse;
     state.output.OutputFolder = Work("halves");  // no trailing separator: the batch adds it
     state.output.OutputFormat = 2;
     state.blocks.Append(engine::NewBlock(engine::kResize));  // 50 percent
   });
   const std::string profile_bytes = ReadWholeFile(profile);
-  EXPECT_EQ(
-      Run({"--profile", "job.profile", "--format=png", "--template", "{Counter}_{Title}.{OutputType}", "pics",
-           "pics/badge.png", "extra/cover.dat"}),
-      (Result{0,
-              "[1/8] Current file: harbour.jpg\n[2/8] Current file: badge.png\n[3/8] Current file: Broken.png\n"
-              "[4/8] Current file: old.bmp\n[5/8] Current file: poster.bmp\n[6/8] Current file: beach.JPG\n"
-              "[7/8] Current file: shortcut.jpg\n[8/8] Current file: cover.dat\nCompleted.\n8 file(s) processed.\n",
-              "velmora-batch: warning: cannot read " + Work("pics/Broken.png") + "\n"}));
-  EXPECT_EQ(Names(Work("halves")),
-            (std::vector<std::string>{"000_harbour.png", "001_badge.png", "003_old.png", "004_poster.png",
-                                      "005_beach.png", "006_shortcut.png", "007_cover.png"}));
-  const auto harbour = ReadImageFacts(Work("halves/000_harbour.png"));
-  EXPECT_EQ(std::tuple(harbour.format, harbour.width, harbour.height), std::tuple(int{FIF_PNG}, 32u, 24u));
-  EXPECT_EQ(ReadWholeFile(profile), profile_bytes);
-  EXPECT_TRUE(ReadFolderFiles(home_.path()).empty());  // no settings.ini, no default.profile
-}
-
-// A bad command line exits with 2; a missing profile or source, no images, or an output folder that cannot be used with
-// 1. Nothing is converted, and nothing is written before the sources are known to be there.
-TEST_F(Batch, RefusedRunsExitEarlyAndWriteNothing) {
-  MakeTree();
-  testing::WriteWholeFile(Work("blocker"), "a file where a folder should go");
-  Profile([&](engine::AppState& state) {
-    state.settings.AlwaysCreateOutputFolder = engine::kFalse;
-    state.output.OutputFolder = Work("not-made/");
-  });
   Profile([](engine::AppState& state) { state.output.OutputFolder.clear(); }, Work("nowhere.profile"));
   const std::vector<std::tuple<std::vector<std::string>, int, std::string>> cases = {
       {{"--colour", "red", "pics"}, 2, "unknown option '--colour'"},
@@ -168,23 +131,37 @@ TEST_F(Batch, RefusedRunsExitEarlyAndWriteNothing) {
       {{"--profile", "nowhere.profile", "pics"}, 1, "the job names no output folder; give one with --output-folder"},
       {{"--profile", "job.profile", "pics"},
        1,
-       "output folder does not exist and the job's \"Always Create Output Folder\" is off: " + Work("not-made/")},
+       "output folder does not exist and the job's \"Always Create Output Folder\" is off: " + Work("halves/")},
   };
   for (const auto& [arguments, code, message] : cases) {
-    SCOPED_TRACE(message);
     EXPECT_EQ(Run(arguments), (Result{code, "",
                                       "velmora-batch: " + message + "\n" +
                                           (code == 2 ? "Try 'velmora-batch --help' for more information.\n" : "")}));
     // The data folders are made only once the job is loaded.
-    EXPECT_TRUE(message.find("output folder") != std::string::npos || fs::is_empty(home_.path()));
+    EXPECT_TRUE(message.find("output folder") != std::string::npos || fs::is_empty(home_.path())) << message;
   }
-  EXPECT_FALSE(fs::exists(Work("not-made")));
-  EXPECT_TRUE(ReadFolderFiles(home_.path()).empty());
   for (const auto& [option, start] :
        {std::pair{"--help", "Usage: velmora-batch [OPTIONS] SOURCE...\n"}, std::pair{"--version", "velmora-batch "}}) {
-    const Result result = Run({option});
-    EXPECT_TRUE(result.code == 0 && result.out.starts_with(start)) << result.out;
+    const auto [code, out, err] = Run({option});
+    EXPECT_TRUE(code == 0 && out.starts_with(start)) << out;
   }
+
+  ASSERT_TRUE(fs::create_directory(Work("halves")));  // no refused run made it
+  EXPECT_EQ(
+      Run({"--profile", "job.profile", "--format=png", "--template", "{Counter}_{Title}.{OutputType}", "pics",
+           "pics/badge.png", "extra/cover.dat"}),
+      (Result{0,
+              "[1/8] Current file: harbour.jpg\n[2/8] Current file: badge.png\n[3/8] Current file: Broken.png\n"
+              "[4/8] Current file: old.bmp\n[5/8] Current file: poster.bmp\n[6/8] Current file: beach.JPG\n"
+              "[7/8] Current file: shortcut.jpg\n[8/8] Current file: cover.dat\nCompleted.\n8 file(s) processed.\n",
+              "velmora-batch: warning: cannot read " + Work("pics/Broken.png") + "\n"}));
+  EXPECT_EQ(Names(Work("halves")),
+            (std::vector<std::string>{"000_harbour.png", "001_badge.png", "003_old.png", "004_poster.png",
+                                      "005_beach.png", "006_shortcut.png", "007_cover.png"}));
+  const auto harbour = ReadImageFacts(Work("halves/000_harbour.png"));
+  EXPECT_EQ(std::tuple(harbour.format, harbour.width, harbour.height), std::tuple(int{FIF_PNG}, 32u, 24u));
+  EXPECT_EQ(ReadWholeFile(profile), profile_bytes);
+  EXPECT_TRUE(ReadFolderFiles(home_.path()).empty());  // no settings.ini, no default.profile
 }
 
 // Without --profile the job is the window's last profile, else "default.profile", else a new profile's settings;
@@ -197,7 +174,7 @@ TEST_F(Batch, ReadsTheStartProfileAndWritesNoProfile) {
       {[&] {
          fs::create_directories(Data("Profiles"));
          Profile([&](engine::AppState& state) { state.output.OutputFolder = Work("from-default/"); }, fallback);
-         testing::WriteWholeFile(Data("settings.ini"), "[Main]\r\nLastProfile=" + last + "\r\n");
+         WriteWholeFile(Data("settings.ini"), "[Main]\r\nLastProfile=" + last + "\r\n");
        },
        Work("from-default/cover.jpg"), "the last profile " + last + " is missing; using " + fallback},
       {[&] { Profile([&](engine::AppState& state) { state.output.OutputFolder = Work("from-last/"); }, last); },
@@ -215,39 +192,38 @@ TEST_F(Batch, ReadsTheStartProfileAndWritesNoProfile) {
   }
 }
 
-// Converting a folder into itself replaces every original with its conversion, at any --jobs. Crosswise (the second
-// value), the sources come in reverse order, named by counter: each output takes the name of another row's source.
-class BatchInPlace : public Batch, public ::testing::WithParamInterface<std::pair<int, bool>> {};
-
-TEST_P(BatchInPlace, EveryOriginalIsReplacedByItsConversion) {
-  const auto [jobs, crosswise] = GetParam();
-  Profile([&](engine::AppState& state) {
-    if (crosswise) state.output.NameTemplate = "{Counter}.{OutputType}";
-    state.blocks.Append(engine::NewBlock(engine::kResize));
-  });
-  for (const std::string folder : {"reference", "photos0", "photos1", "photos2"}) {
-    SCOPED_TRACE(folder);
-    const std::string sources = folder == "reference" ? "originals" : folder;
-    std::vector<std::string> arguments = {"-q", "--profile=job.profile", "--output-folder=" + folder,
-                                          "--jobs=" + std::to_string(folder == "reference" ? 1 : jobs)};
-    fs::create_directories(Work(sources));
-    for (int i = 0; i < 6; ++i) {
-      const std::string name = sources + "/00" + std::to_string(i) + ".jpg";
-      ASSERT_TRUE(samples::WritePhotoJpeg(Work(name), 64 + 16 * i, 48, 90, static_cast<unsigned>(i + 1)));
-      if (crosswise) arguments.insert(arguments.end() - i, name);
+// Converting a folder into itself replaces every original with its conversion, at any --jobs; also crosswise, with the
+// sources given in reverse order and named by counter, so that each output takes the name of another row's source.
+TEST_F(Batch, ConvertingAFolderIntoItselfReplacesEveryOriginalWithItsConversion) {
+  int run = 0;
+  for (const bool crosswise : {false, true}) {
+    Profile([&](engine::AppState& state) {
+      if (crosswise) state.output.NameTemplate = "{Counter}.{OutputType}";
+      state.blocks.Append(engine::NewBlock(engine::kResize));
+    });
+    std::string reference;  // the first run's output folder, one of its own
+    for (const int jobs : {1, 1, 2, 8, 8}) {
+      const std::string sources = "photos" + std::to_string(run++),
+                        out = reference.empty() ? sources + "-out" : sources;
+      SCOPED_TRACE(out);
+      std::vector<std::string> arguments = {"--quiet", "--profile=job.profile", "--output-folder=" + out,
+                                            "--jobs=" + std::to_string(jobs)};
+      fs::create_directories(Work(sources));
+      for (int i = 0; i < 6; ++i) {
+        const std::string name = sources + "/00" + std::to_string(i) + ".jpg";
+        ASSERT_TRUE(samples::WritePhotoJpeg(Work(name), 64 + 16 * i, 48, 90, static_cast<unsigned>(i + 1)));
+        if (crosswise) arguments.insert(arguments.end() - i, name);
+      }
+      if (!crosswise) arguments.push_back(sources);
+      ASSERT_EQ(Run(arguments), (Result{0, "", ""}));
+      if (reference.empty()) reference = out;
+      EXPECT_TRUE(ReadFolderFiles(Work(out)) == ReadFolderFiles(Work(reference)));
     }
-    if (!crosswise) arguments.push_back(sources);
-    ASSERT_EQ(Run(arguments), (Result{0, "", ""}));
-    EXPECT_TRUE(folder == "reference" || ReadFolderFiles(Work(folder)) == ReadFolderFiles(Work("reference")));
+    for (unsigned i = 0; i < 6; ++i)  // the counter names the row, not the source
+      EXPECT_EQ(ReadImageFacts(Work(reference + "/00" + std::to_string(i) + ".jpg")).width,
+                32 + 8 * (crosswise ? 5 - i : i));
   }
-  for (unsigned i = 0; i < 6; ++i)  // the counter names the row, not the source
-    EXPECT_EQ(ReadImageFacts(Work("reference/00" + std::to_string(i) + ".jpg")).width,
-              32 + 8 * (crosswise ? 5 - i : i));
 }
-
-INSTANTIATE_TEST_SUITE_P(Jobs, BatchInPlace,
-                         ::testing::Values(std::pair{1, false}, std::pair{2, false}, std::pair{8, false},
-                                           std::pair{1, true}, std::pair{8, true}));
 
 // A killed run and a full disk leave only complete files under final names: single-page TIFF files, or multipage ones
 // appended page by page (32 bits, no compression: large files).
@@ -255,22 +231,21 @@ class BatchInterrupted : public Batch, public ::testing::WithParamInterface<bool
 
 TEST_P(BatchInterrupted, AKilledRunAndAFullDiskLeaveNoPartialFileUnderAFinalName) {
   Profile([&](engine::AppState& state) {
-    state.output.OutputFormat = 5;
     state.output.MultipageMode = GetParam() ? 1 : 0;
     state.output.CompressionIndex = 0;
     state.blocks.Append(engine::NewBlock(engine::kResize));
   });
-  // arguments[3], the output folder, changes from run to run.
-  std::vector<std::string> arguments = {"--profile", "job.profile", "--output-folder", "reference"};
+  // arguments[4], the output folder, changes from run to run.
+  std::vector<std::string> arguments = {"--profile", "job.profile", "--format=tiff", "--output-folder", "reference"};
   for (int i = 0; i < (GetParam() ? 4 : 6); ++i) {
     arguments.push_back("s" + std::to_string(10 + i) + ".tif");
     ASSERT_TRUE(GetParam() ? samples::WriteMultipageTiff(Work(arguments.back()), 1200, 800, 3)
                            : samples::WritePhoto(Work(arguments.back()), 2400, 1600, static_cast<unsigned>(i + 1)));
   }
-  ASSERT_EQ(Run(arguments).code, 0);
+  ASSERT_EQ(std::get<0>(Run(arguments)), 0);
   const auto reference = ReadFolderFiles(Work("reference"));
 
-  arguments[3] = "out";
+  arguments[4] = "out";
   bool caught = false;
   Run(arguments, [&](pid_t child) {
     // Killed while a file is being written, once at least one is in place.
@@ -288,57 +263,38 @@ TEST_P(BatchInterrupted, AKilledRunAndAFullDiskLeaveNoPartialFileUnderAFinalName
   EXPECT_LT(complete.size(), reference.size());
 
   // A small file system that fills up during the run (mounting one needs root), given one source at a time.
-  arguments[3] = Work("full");
+  arguments[4] = Work("full");
   arguments.push_back("--jobs=1");
   fs::create_directories(Work("full"));
   const std::string size = "size=" + std::to_string((reference.at("s10.tif").size() * 3 / 2 + 4095) / 4096 * 4) + "k";
   if (::mount("tmpfs", Work("full").c_str(), "tmpfs", 0, size.c_str()) != 0) GTEST_SKIP() << "cannot mount a tmpfs";
-  const Result result = Run(arguments);
+  const auto [code, out, err] = Run(arguments);
   const auto files = ReadFolderFiles(Work("full"));
   ::umount(Work("full").c_str());
-  EXPECT_EQ(result.code, 3);
+  EXPECT_EQ(code, 3);
   EXPECT_TRUE(files == (std::map<std::string, std::string>{{"s10.tif", reference.at("s10.tif")}}));
-  EXPECT_NE(result.err.find("velmora-batch: warning: cannot write " + Work("full/s11.tif") + "\n"), std::string::npos)
-      << result.err;
+  EXPECT_NE(err.find("velmora-batch: warning: cannot write " + Work("full/s11.tif") + "\n"), std::string::npos) << err;
 }
 
 INSTANTIATE_TEST_SUITE_P(Output, BatchInterrupted, ::testing::Values(false, true),
                          [](const auto& info) { return info.param ? "MultipageFiles" : "SingleFiles"; });
 
-// A source whose worker process dies, or that runs past --source-timeout, is passed over and named; the sources around
-// it are converted and the run ends as usual.
-TEST_F(Batch, ASourceWhoseWorkerDiesOrRunsOutOfTimeIsPassedOver) {
+// A source that runs past --source-timeout is passed over and named; the sources around it are converted, by a new
+// worker, and the run ends as usual. (Workers that die are met in the crafted corpus below.)
+TEST_F(Batch, ASourceThatRunsOutOfTimeIsPassedOver) {
   // A slow source between two quick ones: blurring 24 megapixels takes seconds.
-  ASSERT_TRUE(samples::WritePhotoJpeg(Work("a.jpg"), 64, 48));
+  for (const char* name : {"a.jpg", "c.jpg"}) ASSERT_TRUE(samples::WritePhotoJpeg(Work(name), 64, 48));
   ASSERT_TRUE(samples::WritePhotoJpeg(Work("b_slow.jpg"), 6000, 4000));
-  ASSERT_TRUE(samples::WritePhotoJpeg(Work("c.jpg"), 64, 48));
   Profile([](engine::AppState& state) {
     engine::Block blur = engine::NewBlock(engine::kEffect);
     blur.EffectKind = 0;
     for (int i = 0; i < 4; ++i) state.blocks.Append(blur);
   });
-  std::string out;
-  auto kill_worker = [&](pid_t batch) {
-    // Once the first file is in place, the one worker is on the slow source.
-    const auto give_up = Clock::now() + std::chrono::seconds(60);
-    while (!fs::exists(Work(out + "/a.jpg")) && Clock::now() < give_up)
-      std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    const std::string task = std::to_string(batch);
-    std::ifstream children("/proc/" + task + "/task/" + task + "/children");
-    for (pid_t worker = 0; children >> worker;) ::kill(worker, SIGKILL);
-  };
-  for (const bool killed : {true, false}) {
-    out = killed ? "killed" : "timed-out";
-    // --quiet: no progress, but the warnings still come.
-    EXPECT_EQ(Run({"--quiet", "--profile", "job.profile", "--output-folder", out, "--jobs", "1", "--source-timeout",
-                   killed ? "300" : "1", "a.jpg", "b_slow.jpg", "c.jpg"},
-                  killed ? kill_worker : std::function<void(pid_t)>()),
-              (Result{0, "",
-                      "velmora-batch: warning: cannot read " + Work("b_slow.jpg") + ": " +
-                          (killed ? "the decoder crashed (killed)" : "gave up after 1 s") + "\n"}));
-    EXPECT_EQ(Names(Work(out)), (std::vector<std::string>{"a.jpg", "c.jpg"}));
-    EXPECT_EQ(ReadImageFacts(Work(out + "/c.jpg")).width, 64u);
-  }
+  EXPECT_EQ(Run({"-q", "--profile", "job.profile", "--output-folder", "out", "--jobs", "1", "--source-timeout", "1",
+                 "a.jpg", "b_slow.jpg", "c.jpg"}),
+            (Result{0, "", "velmora-batch: warning: cannot read " + Work("b_slow.jpg") + ": gave up after 1 s\n"}));
+  EXPECT_EQ(Names(Work("out")), (std::vector<std::string>{"a.jpg", "c.jpg"}));
+  EXPECT_EQ(ReadImageFacts(Work("out/c.jpg")).width, 64u);
 }
 
 // Crafted files that crash FreeImage's decoders or that it refuses, files that make it read past a buffer or corrupt
@@ -349,9 +305,7 @@ TEST_F(Batch, EveryGoodFileOfTheCraftedCorpusIsConvertedAndEveryBadOneNamed) {
   const std::string corpus = VELMORA_SOURCE_DIR "/tests/fuzz/corpus/";
   const std::vector<std::string> bad = Names(corpus + "crafted", true), odd = Names(corpus + "odd", true),
                                  heap = Names(corpus + "heap", true);
-  std::vector<std::string> arguments = {"--output-folder", "out", "--template", "{Title}.png",
-                                        "--format",        "png", "--jobs",     "2"};
-  const std::size_t options = arguments.size();
+  std::vector<std::string> arguments = {"--output-folder=out", "--template={Title}.png", "--format=png", "--jobs=2"};
   for (std::size_t i = 0; i < bad.size(); ++i) {
     if (i % 6 == 0) {
       arguments.push_back("good" + std::to_string(i) + ".jpg");
@@ -361,21 +315,22 @@ TEST_F(Batch, EveryGoodFileOfTheCraftedCorpusIsConvertedAndEveryBadOneNamed) {
     arguments.push_back(bad[i]);
   }
   arguments.insert(arguments.end(), heap.begin(), heap.end());
-  const Result result = Run(arguments);
-  const std::string end = "Completed.\n" + std::to_string(arguments.size() - options) + " file(s) processed.\n";
-  EXPECT_TRUE(result.code == 0 && result.out.ends_with(end)) << result.code << "\n" << result.out << result.err;
+  const auto [code, out, err] = Run(arguments);
+  const std::string end = "Completed.\n" + std::to_string(arguments.size() - 4) + " file(s) processed.\n";
+  EXPECT_TRUE(code == 0 && out.ends_with(end)) << code << "\n" << out << err;
   for (std::size_t i = 0; i < bad.size(); i += 6)
     EXPECT_EQ(ReadImageFacts(Work("out/good" + std::to_string(i) + ".png")).width, 40u) << i;
   for (const std::string& path : bad)
-    EXPECT_NE(result.err.find("velmora-batch: warning: cannot read " + path), std::string::npos) << path;
+    EXPECT_NE(err.find("velmora-batch: warning: cannot read " + path), std::string::npos) << path;
+  // The PSD decoder, for one, dies of a segmentation fault on the crafted files.
+  EXPECT_NE(err.find(": the decoder crashed (segmentation fault)\n"), std::string::npos) << err;
   auto converted = [&](const std::string& path) {
     const std::string title = fs::path(path).stem().string();
     return fs::exists(Work("out/" + title + ".png")) || fs::exists(Work("out/" + title + " (page 0).png"));
   };
-  for (const std::string& path : odd)
-    EXPECT_TRUE(converted(path) && result.err.find(path) == std::string::npos) << path;
+  for (const std::string& path : odd) EXPECT_TRUE(converted(path) && err.find(path) == std::string::npos) << path;
   for (const std::string& path : heap)
-    EXPECT_TRUE(converted(path) != (result.err.find("warning: cannot read " + path) != std::string::npos)) << path;
+    EXPECT_TRUE(converted(path) != (err.find("warning: cannot read " + path) != std::string::npos)) << path;
 }
 
 }  // namespace

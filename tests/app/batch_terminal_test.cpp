@@ -19,7 +19,8 @@ TEST(BatchView, OnATerminalTheBarRewritesItselfAndIsClearedAtTheEnd) {
   view.SetProgressValue(1);
   view.SetFile("Current file: a.jpg");
   view.SetProgressValue(2);
-  view.SetFile("Current file: b.png");
+  const std::string long_name = "Current file: " + std::string(100, 'b') + ".png";  // wider than the bar's line
+  view.SetFile(long_name);
   view.SetStatus("Completed.");
   view.SetFile("2 file(s) processed.");
   std::string text(1000, '\0');
@@ -28,14 +29,12 @@ TEST(BatchView, OnATerminalTheBarRewritesItselfAndIsClearedAtTheEnd) {
   std::fclose(out);
   // A file is no terminal of any width: the bar takes 80 columns less the one the cursor needs.
   EXPECT_EQ(text, "\r" + ProgressBarLine(1, 2, "Current file: a.jpg", 79) + "\x1b[K\r" +
-                      ProgressBarLine(2, 2, "Current file: b.png", 79) +
-                      "\x1b[K\r\x1b[KCompleted.\n2 file(s) processed.\n");
+                      ProgressBarLine(2, 2, long_name, 79) + "\x1b[K\r\x1b[KCompleted.\n2 file(s) processed.\n");
 }
 
 TEST(BatchView, TheBarFillsInProportionAndFitsTheWidth) {
   EXPECT_EQ(ProgressBarLine(0, 4, "f", 0), "[------------------------] 0/4  f");
   EXPECT_EQ(ProgressBarLine(1, 4, "f", 0), "[######------------------] 1/4  f");
-  EXPECT_EQ(ProgressBarLine(4, 4, "f", 0), "[########################] 4/4  f");
   EXPECT_EQ(ProgressBarLine(5, 4, "f", 0), "[########################] 5/4  f");
   EXPECT_EQ(ProgressBarLine(1, 0, "f", 0), "[------------------------] 1/0  f");
   EXPECT_EQ(ProgressBarLine(3, 4, "Current file: a-long-name.jpg", 40), "[##################------] 3/4  Current ");
@@ -45,8 +44,7 @@ TEST(BatchOptions, FormatNamesInAnyLetterCase) {
   const std::vector<std::pair<const char*, int>> names = {{"bmp", 0}, {"jpeg", 1}, {"JPG", 1}, {"gif", 2}, {"png", 3},
                                                           {"tga", 4}, {"tiff", 5}, {"Tif", 5}, {"exr", 6}};
   for (const auto& [name, index] : names) EXPECT_EQ(OutputFormatFromName(name), index) << name;
-  EXPECT_FALSE(OutputFormatFromName("webp"));
-  EXPECT_FALSE(OutputFormatFromName(""));
+  EXPECT_FALSE(OutputFormatFromName("webp") || OutputFormatFromName(""));
 }
 
 }  // namespace
