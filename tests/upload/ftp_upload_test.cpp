@@ -16,27 +16,20 @@ class FtpUploadTest : public UploadTest {
  protected:
   FtpUploadTest() {
     std::filesystem::create_directories(temp.file("root/incoming"));
-    state.settings.FtpHost = "ftp://127.0.0.1";
-    state.settings.FtpLogin = "velmora";
-    state.settings.FtpPassword = "s3cret";
-    state.settings.FtpPath = "/incoming";
-    state.settings.FtpPassive = 1;
+    state.settings.FtpHost = "ftp://127.0.0.1", state.settings.FtpPath = "/incoming";
+    state.settings.FtpLogin = "velmora", state.settings.FtpPassword = "s3cret";
   }
-  // A server as test_server.py takes it ("ftp" ROOT TLS BUSY); the settings point at it.
-  int StartFtp(const std::string& tls = "-", const std::string& busy = "-") {
-    const int port = Start("ftp " + temp.file("root") + " " + tls + " " + busy).first;
-    state.settings.FtpPort = std::to_string(port);
-    return port;
-  }
+  // The port of a server as test_server.py takes it: "ftp" ROOT MODE.
+  int StartFtp(const std::string& mode = "-") { return Start("ftp " + temp.file("root") + " " + mode).first; }
   std::string Remote(const std::string& name) { return ReadWholeFile(temp.file("root/incoming/" + name)); }
   void Upload() { upload::Button7Click(state, upload, view, hosts); }
 };
 
 // Files go in both modes, plain and under TLS (that server refuses any channel left unprotected).
 TEST_F(FtpUploadTest, FilesArriveByteIdenticalOneAfterAnotherAndAMissingOneIsPassedOver) {
-  const int plain = StartFtp(), tls = StartFtp(CertificateFolder());
-  hosts.ExtraCaFile = CertificateFolder() + "/cert.pem";
-  const std::string first = AddWrittenFile("first.jpg", 300000), vanished = temp.file("out/vanished.jpg");
+  const int plain = StartFtp(), tls = StartFtp(kCertificateFolder);
+  hosts.ExtraCaFile = kCertificateFolder + "/cert.pem";
+  const std::string first = AddWrittenFile("first.jpg", 300000), vanished = temp.file("vanished.jpg");
   state.WrittenFiles.Append(vanished);
   const std::string second = AddWrittenFile("second.png", 4099);
   for (const int port : {plain, tls}) {
@@ -45,8 +38,7 @@ TEST_F(FtpUploadTest, FilesArriveByteIdenticalOneAfterAnotherAndAMissingOneIsPas
       SCOPED_TRACE(std::string(secure ? "TLS, " : "plain, ") + (passive ? "passive" : "active"));
       view = RecordingUploadView();
       for (const char* name : {"first.jpg", "second.png"}) std::filesystem::remove(temp.file("root/incoming/") + name);
-      state.settings.FtpSecure = secure;
-      state.settings.FtpPassive = passive;
+      state.settings.FtpSecure = secure, state.settings.FtpPassive = passive;
       state.settings.FtpPort = std::to_string(port) + (passive ? "" : "xyz");  // letters behind the number are dropped
       state.settings.FtpPath = passive ? "/incoming" : "/incoming/";
       Upload();
@@ -74,12 +66,11 @@ TEST_F(FtpUploadTest, FilesArriveByteIdenticalOneAfterAnotherAndAMissingOneIsPas
 // the connection fails, one message says why, in the server's or libcurl's words without the error
 // log around them, and nothing is sent.
 TEST_F(FtpUploadTest, WithoutAServerTheSettingsOpenAndAFailedConnectionShowsWhy) {
-  state.settings.FtpHost = "   ";
-  state.settings.PicasaUsername = " ";
+  state.settings.FtpHost = "   ", state.settings.PicasaUsername = " ";
   Upload();
   upload::Button6Click(state, upload, view, hosts);
   EXPECT_EQ(view.shown, "settings tab 4\nsettings tab 3\n");
-  const int busy = StartFtp("-", "busy"), tls = StartFtp(CertificateFolder()), plain = StartFtp();
+  const int busy = StartFtp("busy"), tls = StartFtp(kCertificateFolder), plain = StartFtp();
   AddWrittenFile("never.jpg", 10);
   const std::tuple<std::string, int, std::string, std::string> cases[] = {
       {"127.0.0.1", plain, "wrong", "530"},
@@ -90,10 +81,8 @@ TEST_F(FtpUploadTest, WithoutAServerTheSettingsOpenAndAFailedConnectionShowsWhy)
       {"ftp://127.0.0.1/incoming", plain, "s3cret", "127.0.0.1/incoming"}};
   for (const auto& [host, port, password, words] : cases) {
     view = RecordingUploadView();
-    state.settings.FtpHost = host;
-    state.settings.FtpPort = std::to_string(port);
-    state.settings.FtpPassword = password;
-    state.settings.FtpSecure = port == tls;
+    state.settings.FtpHost = host, state.settings.FtpPort = std::to_string(port);
+    state.settings.FtpPassword = password, state.settings.FtpSecure = port == tls;
     Upload();
     EXPECT_TRUE(Has(view.shown, "status Connecting...\nfile \nrange 0 0\nat 0\nmessage ! "));
     EXPECT_TRUE(Has(view.shown, words));
@@ -107,14 +96,14 @@ TEST_F(FtpUploadTest, WithoutAServerTheSettingsOpenAndAFailedConnectionShowsWhy)
 // refuses is told of only in the log; cancel aborts every transfer left, and "Stop" closes the
 // session, so that later files are not sent.
 TEST_F(FtpUploadTest, AnEmptyListARefusedFileCancelAndStop) {
-  StartFtp();
+  state.settings.FtpPort = std::to_string(StartFtp());
   Upload();
   EXPECT_EQ(view.shown,
             "status Connecting...\nfile \nat 0\nstatus Uploading...\nstatus Upload complete\nfile 0 file(s) uploaded\n"
             "session log\n");
   view = RecordingUploadView();
   state.settings.FtpPath = "/no/such/folder";
-  const std::string first = AddWrittenFile("one.jpg", 3000000), one = temp.file("out/one.jpg");
+  const std::string first = AddWrittenFile("one.jpg", 3000000), one = temp.file("one.jpg");
   Upload();
   EXPECT_EQ(view.shown,
             "status Connecting...\nfile \nrange 0 0\nat 0\nstatus Uploading...\nlog Uploading...\nat 0\nfile one.jpg\n"
@@ -122,15 +111,11 @@ TEST_F(FtpUploadTest, AnEmptyListARefusedFileCancelAndStop) {
   EXPECT_TRUE(Has(view.session_log, "* Failed to send " + one));
 
   state.settings.FtpPath = "/incoming";
-  const std::string two = temp.file("out/two.jpg");
+  const std::string two = temp.file("two.jpg");
   AddWrittenFile("two.jpg", 3000000);
   for (const bool stop : {false, true}) {
     view = RecordingUploadView();
-    upload.UploadCancelled = false;
-    view.on_yield = [&] {
-      if (stop) upload::StopFtpUpload(upload);
-      if (!stop) upload.UploadCancelled = true;
-    };
+    view.on_yield = [&] { stop ? upload::StopFtpUpload(upload) : void(upload.UploadCancelled = true); };
     Upload();
     EXPECT_TRUE(upload.UploadCancelled);
     EXPECT_FALSE(Remote("one.jpg") == first) << "arrived whole";

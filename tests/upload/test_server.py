@@ -1,13 +1,12 @@
-"""Servers for the upload tests on 127.0.0.1 at ports the system picks; prints its pid and ports.
+"""Servers for the upload tests on 127.0.0.1 at ports the system picks; prints its pid, port and TLS port (0: none).
 
-TLS is "-" or a folder for cert.pem and key.pem, a self-signed certificate for 127.0.0.1 made there
-on first use.
-ftp ROOT TLS BUSY: ROOT for "velmora", password "s3cret"; TLS required on both channels unless "-";
-    BUSY "busy" refuses every session (421).
-http DIR TLS: plain HTTP and HTTPS. Routes from DIR/routes.txt, "METHOD PATH STATUS BODYFILE
-    [Header:Value ...]" a line (PATH without query, BODYFILE in DIR or "-", STATUS "close" drops the
-    connection; lines of one route answer in turn, the last for good). Requests are saved first
-    as DIR/requests/1, 2, ...: scheme, request line, headers as received, blank line, body.
+CERTS is a folder for cert.pem and key.pem, a self-signed certificate for 127.0.0.1 made there on first use.
+ftp ROOT MODE: ROOT for "velmora", password "s3cret"; MODE "-" plain, "busy" refusing every session (421), or
+    CERTS: TLS required on both channels.
+http DIR CERTS: plain HTTP and HTTPS. Routes from DIR/routes.txt, "METHOD PATH STATUS BODYFILE [Header:Value ...]"
+    a line (PATH without query, BODYFILE in DIR or "-", STATUS "close" drops the connection; lines of one route
+    answer in turn, the last for good). Requests are saved first as DIR/requests/1, 2, ...: scheme, request line,
+    headers as received, blank line, body.
 """
 import os
 import ssl
@@ -19,19 +18,18 @@ from http.server import BaseHTTPRequestHandler, ThreadingHTTPServer
 
 def certificate(folder):
     if not os.path.exists(folder + "/cert.pem"):
-        subprocess.run("openssl req -x509 -newkey rsa:2048 -nodes -days 2 -subj /CN=127.0.0.1 -addext "
-                       "subjectAltName=IP:127.0.0.1 -keyout key.pem -out cert.pem", shell=True, cwd=folder, check=True,
-                       capture_output=True)
+        command = "openssl req -x509 -newkey rsa:2048 -nodes -subj /CN=127.0.0.1 -addext subjectAltName=IP:127.0.0.1 "
+        subprocess.run((command + "-keyout key.pem -out cert.pem").split(), cwd=folder, check=True, capture_output=True)
     return folder + "/cert.pem", folder + "/key.pem"
 
 
-def ftp(root, tls, busy):
+def ftp(root, mode):
     from pyftpdlib.authorizers import DummyAuthorizer
     from pyftpdlib.handlers import DTPHandler, FTPHandler, TLS_DTPHandler, TLS_FTPHandler
     from pyftpdlib.servers import FTPServer
     from OpenSSL import SSL
 
-    secure = tls != "-"
+    secure = mode not in ("-", "busy")
 
     class Dtp(TLS_DTPHandler if secure else DTPHandler):
         def readable(self):
@@ -47,7 +45,7 @@ def ftp(root, tls, busy):
 
     Handler.authorizer.add_user("velmora", "s3cret", root, perm="elradfmwMT")
     if secure:
-        Handler.certfile, Handler.keyfile = certificate(tls)
+        Handler.certfile, Handler.keyfile = certificate(mode)
         Handler.tls_control_required = Handler.tls_data_required = True
         # Clients resume the control channel's TLS session on the data channel; the server
         # accepts that only with a session id context.
@@ -56,14 +54,15 @@ def ftp(root, tls, busy):
         # reads: closing with them unread resets the connection and loses data still on its way.
         Handler.get_ssl_context().set_max_proto_version(SSL.TLS1_2_VERSION)
     server = FTPServer(("127.0.0.1", 0), Handler)
-    if busy == "busy":
+    if mode == "busy":
         server.max_cons = 1  # the listening socket alone fills it
-    print(os.getpid(), server.socket.getsockname()[1], flush=True)
+    print(os.getpid(), server.socket.getsockname()[1], 0, flush=True)
     server.serve_forever()
 
 
-def http(folder, tls):
+def http(folder, certs):
     served = {"count": 0}  # the requests come one at a time
+    os.makedirs(folder + "/requests", exist_ok=True)
 
     def handler(scheme):
         class Handler(BaseHTTPRequestHandler):
@@ -99,7 +98,7 @@ def http(folder, tls):
     plain = ThreadingHTTPServer(("127.0.0.1", 0), handler("http"))
     secure = ThreadingHTTPServer(("127.0.0.1", 0), handler("https"))
     context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
-    context.load_cert_chain(*certificate(tls))
+    context.load_cert_chain(*certificate(certs))
     secure.socket = context.wrap_socket(secure.socket, server_side=True)
     threading.Thread(target=secure.serve_forever, daemon=True).start()
     print(os.getpid(), plain.server_address[1], secure.server_address[1], flush=True)
