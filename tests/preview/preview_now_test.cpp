@@ -1,4 +1,5 @@
-// PreviewNow2 over a recording view: the source box, the preview run and the fit of the boxes.
+// The preview without the window: PreviewNow2 over a recording view (the source box, the preview run
+// and the fit of the boxes) and the Timer2 pass over a host that records the workers it starts.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -6,6 +7,7 @@
 
 #include "engine/paths.h"
 #include "preview/preview_now.h"
+#include "preview/preview_pass.h"
 #include "preview/viewer_target.h"
 #include "scripts/sample_images.h"
 #include "tests/support/test_support.h"
@@ -54,10 +56,10 @@ TEST(PreviewNow, TheSelectedSourceIsShownAndConvertedIntoThePreviewFile) {
   const std::string broken = data.file("broken.jpg"), small = data.file("small.jpg"), large = data.file("large.jpg");
   testing::WriteWholeFile(broken, "not really a picture");
   ASSERT_TRUE(samples::WritePhotoJpeg(small, 100, 100) && samples::WritePhotoJpeg(large, 430, 430));
-  const std::string crashing = VELMORA_SOURCE_DIR "/tests/fuzz/corpus/crafted/psd_huge_dims.psd";
   state.blocks = engine::Blocks({engine::NewBlock(engine::kMirror)});
   state.output.OutputFormat = 3;  // PNG, in spite of the file's name
-  const std::string sources[] = {broken, "", crashing, small, large};
+  const std::string sources[] = {broken, "", VELMORA_SOURCE_DIR "/tests/fuzz/corpus/crafted/psd_huge_dims.psd", small,
+                                 large};
   // The source (-1: no rows), the selected row, whether a worker reads it, and what the boxes
   // show: cleared, or a picture's side (0: "No Image") and place in the upper box.
   constexpr int kCases[][7] = {{-1, 0, 0, 1, 0, 0, 0},   {0, -1, 0, 1, 0, 0, 0},    {0, 1, 0, 1, 0, 0, 0},
@@ -84,6 +86,46 @@ TEST(PreviewNow, TheSelectedSourceIsShownAndConvertedIntoThePreviewFile) {
     pixels.insert(pixels.end(), {view.original.rgba, view.picture.rgba});
   }
   EXPECT_TRUE(pixels[2] == pixels[4] && pixels[3] == pixels[5]);
+}
+
+// The window as the pass sees it: its preview marks and the pass's own members.
+class FakeHost : public PreviewHost {
+ public:
+  engine::PreviewFlags flags;
+  PreviewPassState pass;
+  bool run_page = false;
+  int starts = 0, event_runs = 0;
+  bool PreviewPaneVisible() override { return true; }  // hidden: the window's tests
+  bool RunPageVisible() override { return run_page; }
+  void ProcessEvents() override { ++event_runs; }
+  std::string SelectedSourceText() override { return "/a.jpg"; }
+  void StartPreviewThread() override { ++starts, flags.ThreadRunning = engine::kTrue; }
+};
+
+// Passes in a row, the forced mark left set by an earlier refused pass (the hidden pane is left to the window's
+// tests, which show it again). Before each pass: the dirty mark, the run page shown, a worker running, the last
+// source; after it: the workers started, whether events ran, the forced mark, the last source.
+TEST(PreviewPass, TheMarksDecideWhetherAWorkerStarts) {
+  FakeHost host;
+  host.flags.PreviewForced = engine::kTrue;
+  const std::tuple<bool, bool, bool, const char*, int, bool, const char*> kPasses[] = {
+      {false, false, false, "", 0, true, ""},             // no dirty mark: nothing at all
+      {true, true, false, "", 0, true, ""},               // the run page: the mark is dropped
+      {true, false, false, "", 1, false, "/a.jpg"},       // one worker, both marks cleared
+      {true, false, true, "/b.jpg", 1, true, "/b.jpg"},   // an edit while it runs: no second one, the edit lost
+      {true, false, false, "/a.jpg", 2, false, "/a.jpg"}  // an edit of the chain, the same source: a worker
+  };
+  for (const auto& [dirty, run_page, running, last, starts, forced, last_after] : kPasses) {
+    host.flags.PreviewDirty = dirty ? engine::kTrue : engine::kFalse;
+    host.flags.ThreadRunning = running ? engine::kTrue : engine::kFalse;
+    host.run_page = run_page, host.pass.LastPreviewFile = last;
+    Timer2_Timer(host.flags, host.pass, host);
+    EXPECT_EQ(std::tuple(host.starts, host.event_runs > 0, host.flags.PreviewDirty,
+                         host.flags.PreviewForced != engine::kFalse, host.pass.LastPreviewFile),
+              std::tuple(starts, starts > 0, engine::kFalse, forced, last_after))
+        << last << " " << starts;
+  }
+  EXPECT_EQ(std::tuple(host.pass.thread_priority, host.pass.thread_timeout), std::tuple(2, 5000));
 }
 
 }  // namespace
