@@ -1,10 +1,6 @@
 // The pixel effects on pages built in memory: what every effect promises, then each effect's own
 // arithmetic on flat pages, noise, a single dot, step edges and ramps.
-#include <gtest/gtest.h>
-
-#include <cmath>
 #include <numbers>
-#include <string>
 
 #include "imaging/effects/effects.h"
 #include "tests/imaging/pages.h"
@@ -13,6 +9,14 @@ namespace velmora::testing {
 namespace {
 
 namespace fx = imaging::effects;
+
+// Colourful noise from a fixed integer hash, with alpha varying too.
+Page MakeNoise(int width, int height, int bpp) {
+  return MakePage(width, height, bpp, [](int x, int y) {
+    const unsigned m = ((x * 73856093u) ^ (y * 19349663u)) * 2654435761u;
+    return Rgba{int(m >> 24), int(m >> 16 & 255), int(m >> 8 & 255), (x * 7 + y * 3) & 255};
+  });
+}
 
 // Each effect, in both strengths where it has two.
 const std::pair<std::string, std::function<bool(FIBITMAP*)>> kEffects[] = {

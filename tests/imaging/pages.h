@@ -1,20 +1,24 @@
 // Pages with known pixels for the imaging tests: built in memory (y counted from the top row),
 // or written to a lossless file and loaded through ImagingLibrary, and read back pixel by pixel.
+// It brings along what every imaging test file uses.
 #pragma once
 
 #include <FreeImage.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
+#include <cmath>
+#include <filesystem>
 #include <functional>
-#include <memory>
 #include <ostream>
 #include <string>
+#include <tuple>
 #include <vector>
 
+#include "imaging/bitmap.h"
 #include "imaging/imaging_library.h"
 #include "scripts/sample_images.h"
+#include "tests/support/test_support.h"
 
 namespace velmora::testing {
 
@@ -27,10 +31,7 @@ inline std::ostream& operator<<(std::ostream& out, const Rgba& c) {
   return out << "rgba(" << c.r << "," << c.g << "," << c.b << "," << c.a << ")";
 }
 
-struct PageUnloader {
-  void operator()(FIBITMAP* dib) const { FreeImage_Unload(dib); }
-};
-using Page = std::unique_ptr<FIBITMAP, PageUnloader>;
+using Page = imaging::Bitmap;
 
 inline BYTE* PixelPointer(FIBITMAP* dib, int x, int y) {
   return FreeImage_GetScanLine(dib, FreeImage_GetHeight(dib) - 1 - y) + x * (FreeImage_GetBPP(dib) / 8);
@@ -44,14 +45,13 @@ inline Rgba PixelAt(FIBITMAP* dib, int x, int y) {
 // A 24- or 32-bit page whose pixel (x, y) is colour(x, y).
 inline Page MakePage(int width, int height, int bpp, const std::function<Rgba(int, int)>& colour) {
   Page page(FreeImage_Allocate(width, height, bpp));
-  for (int y = 0; y < height; ++y) {
+  for (int y = 0; y < height; ++y)
     for (int x = 0; x < width; ++x) {
       const Rgba c = colour(x, y);
       BYTE* p = PixelPointer(page.get(), x, y);
       p[FI_RGBA_RED] = BYTE(c.r), p[FI_RGBA_GREEN] = BYTE(c.g), p[FI_RGBA_BLUE] = BYTE(c.b);
       if (bpp == 32) p[FI_RGBA_ALPHA] = BYTE(c.a);
     }
-  }
   return page;
 }
 
@@ -59,48 +59,12 @@ inline Page MakeFlat(int width, int height, int bpp, Rgba colour) {
   return MakePage(width, height, bpp, [=](int, int) { return colour; });
 }
 
-// Colourful noise from a fixed integer hash, with alpha varying too.
-inline Page MakeNoise(int width, int height, int bpp) {
-  return MakePage(width, height, bpp, [](int x, int y) {
-    const unsigned m = ((x * 73856093u) ^ (y * 19349663u)) * 2654435761u;
-    return Rgba{int(m >> 24), int(m >> 16 & 255), int(m >> 8 & 255), (x * 7 + y * 3) & 255};
-  });
-}
-
 // Every pixel, top row first.
 inline std::vector<Rgba> Pixels(FIBITMAP* dib) {
   std::vector<Rgba> all;
-  for (int y = 0; y < int(FreeImage_GetHeight(dib)); ++y) {
+  for (int y = 0; y < int(FreeImage_GetHeight(dib)); ++y)
     for (int x = 0; x < int(FreeImage_GetWidth(dib)); ++x) all.push_back(PixelAt(dib, x, y));
-  }
   return all;
-}
-
-// How far a pixel is from `fill`: the summed channel differences.
-inline int Difference(const Rgba& p, const Rgba& fill) {
-  return std::abs(p.r - fill.r) + std::abs(p.g - fill.g) + std::abs(p.b - fill.b) + std::abs(p.a - fill.a);
-}
-
-// Bounding box (half open) of the pixels that differ from the fill, and how much they differ.
-struct InkBox {
-  int left = 1 << 30, top = 1 << 30, right = 0, bottom = 0;
-  long amount = 0;
-  int width() const { return right - left; }
-  int height() const { return bottom - top; }
-};
-
-inline InkBox Ink(FIBITMAP* dib, Rgba fill = {255, 255, 255}) {
-  InkBox box;
-  for (int y = 0; y < int(FreeImage_GetHeight(dib)); ++y) {
-    for (int x = 0; x < int(FreeImage_GetWidth(dib)); ++x) {
-      const int difference = Difference(PixelAt(dib, x, y), fill);
-      if (difference == 0) continue;
-      box.amount += difference;
-      box.left = std::min(box.left, x), box.top = std::min(box.top, y);
-      box.right = std::max(box.right, x + 1), box.bottom = std::max(box.bottom, y + 1);
-    }
-  }
-  return box;
 }
 
 // Loads a file into a new handle, failing the test when it cannot.
