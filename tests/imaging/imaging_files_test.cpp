@@ -1,18 +1,10 @@
 // Files through ImagingLibrary: loading by content, page counts, damaged files, BMPs with newer
 // headers; saving every page kind in every format; appending pages to GIF and TIFF files.
-#include <gtest/gtest.h>
-
-#include <FreeImage.h>
-
 #include <array>
 #include <bit>
-#include <cmath>
-#include <filesystem>
-#include <tuple>
+#include <cstring>
 
-#include "imaging/imaging_library.h"
 #include "tests/imaging/pages.h"
-#include "tests/support/test_support.h"
 
 namespace velmora::imaging {
 namespace {
@@ -112,16 +104,28 @@ TEST_F(ImagingFiles, FilesCountAndLoadEveryPageAndFilesCutShortNeverHang) {
   ASSERT_TRUE(samples::WriteAnimatedGif(folder.file("full.gif"), 30, 20, 4));
   ASSERT_TRUE(samples::WriteIcon(folder.file("full.ico"), 32));
   ASSERT_TRUE(samples::WriteFloatExr(folder.file("full.exr"), 40, 30));
-  for (const auto& [extension, pages] : {std::pair{".tif", 3u}, {".gif", 4u}, {".ico", 1u}, {".exr", 1u}}) {
-    EXPECT_EQ(Count(std::string("full") + extension), int(pages)) << extension;
-    EXPECT_EQ(LoadAll(std::string("full") + extension).size(), pages) << extension;
-    const std::string whole = ReadWholeFile(folder.file(std::string("full") + extension));
+  // A one-row EXR with one more attribute, whose name has the most letters a name may have (31):
+  // the offset of the one chunk, which follows the header, moves by what is inserted.
+  ASSERT_TRUE(samples::WriteFloatExr(folder.file("row.exr"), 40, 1));
+  const std::string exr = ReadWholeFile(folder.file("row.exr"));
+  const std::string extra = std::string(31, 'n') + std::string("\0int\0\4\0\0\0\7\0\0\0", 13);
+  std::uint64_t table = 8, offset = 0;
+  while (std::memcpy(&offset, &exr[table], 8), offset != table + 8) ++table;
+  offset += extra.size();
+  WriteWholeFile(folder.file("long.exr"), exr.substr(0, 8) + extra + exr.substr(8, table - 8) +
+                                              std::string(reinterpret_cast<const char*>(&offset), 8) +
+                                              exr.substr(table + 8));
+  for (const auto& [name, pages] :
+       {std::pair{"full.tif", 3u}, {"full.gif", 4u}, {"full.ico", 1u}, {"full.exr", 1u}, {"long.exr", 1u}}) {
+    EXPECT_EQ(Count(name), int(pages)) << name;
+    EXPECT_EQ(LoadAll(name).size(), pages) << name;
+    const std::string whole = ReadWholeFile(folder.file(name));
     for (const std::size_t keep :
          {std::size_t{5}, std::size_t{12}, std::size_t{30}, std::size_t{60}, whole.size() / 2}) {
-      const std::string name = "cut" + std::to_string(keep) + extension;
-      WriteWholeFile(folder.file(name), whole.substr(0, keep));
-      EXPECT_LE(Count(name), int(pages)) << name;
-      EXPECT_LE(LoadAll(name).size(), pages) << name;
+      const std::string cut = "cut" + std::to_string(keep) + name;
+      WriteWholeFile(folder.file(cut), whole.substr(0, keep));
+      EXPECT_LE(Count(cut), int(pages)) << cut;
+      EXPECT_LE(LoadAll(cut).size(), pages) << cut;
     }
   }
   const auto scan = LoadAll("full.tif"), spin = LoadAll("full.gif");
@@ -146,33 +150,28 @@ Rgba BmpColour(int x, int y) {
   return {x * 60, y * 90, 200, 40 + x * 50};
 }
 
+void Put(std::string& out, std::uint32_t value, int bytes) {
+  for (int i = 0; i < bytes; ++i) out.push_back(static_cast<char>(value >> 8 * i));
+}
+
 std::string NewBmpBytes(const NewBmp& bmp) {
-  auto put = [](std::string& out, std::uint32_t value, int bytes) {
-    for (int i = 0; i < bytes; ++i) out.push_back(static_cast<char>((value >> (8 * i)) & 0xFF));
-  };
-  // Pixels without masks are packed as blue, green, red (and alpha) bytes.
-  const std::array<std::uint32_t, 4> packing =
-      bmp.compression ? bmp.masks : std::array<std::uint32_t, 4>{0xFF0000, 0xFF00, 0xFF, 0xFF000000};
-  auto place = [](int channel, std::uint32_t mask) {
-    return mask ? (std::uint32_t(channel) >> (8 - std::popcount(mask))) << std::countr_zero(mask) : 0u;
-  };
+  // Rows bottom up, each padded to four bytes; without masks a pixel is packed as blue, green,
+  // red (and alpha) bytes.
+  const auto masks = bmp.compression ? bmp.masks : std::array<std::uint32_t, 4>{0xFF0000, 0xFF00, 0xFF, 0xFF000000};
   std::string pixels, table;
-  for (int row = 0; row < 3; ++row) {
-    const int y = 2 - row;
-    std::string line;
+  for (int y = 2; y >= 0; --y, pixels.resize((pixels.size() + 3) / 4 * 4, '\0'))
     for (int x = 0; x < 5; ++x) {
       const Rgba c = BmpColour(x, y);
-      const std::uint32_t value = bmp.bits == 8 ? y * 5 + x
-                                                : place(c.r, packing[0]) | place(c.g, packing[1]) |
-                                                      place(c.b, packing[2]) | place(c.a, packing[3]);
-      put(line, value, bmp.bits / 8);
+      const int channels[] = {c.r, c.g, c.b, c.a};
+      std::uint32_t value = bmp.bits == 8 ? y * 5 + x : 0;
+      for (int i = 0; i < 4 && bmp.bits > 8; ++i)
+        if (masks[i])
+          value |= std::uint32_t(channels[i]) >> (8 - std::popcount(masks[i])) << std::countr_zero(masks[i]);
+      Put(pixels, value, bmp.bits / 8);
     }
-    line.resize((line.size() + 3) / 4 * 4, '\0');
-    pixels += line;
-  }
   for (int i = 0; bmp.bits == 8 && i < (bmp.colours ? int(bmp.colours) : 256); ++i) {
-    const Rgba c = i < 15 ? BmpColour(i % 5, i / 5) : Rgba{};
-    put(table, c.b | c.g << 8 | c.r << 16, 4);
+    const Rgba c = BmpColour(i % 5, i / 5 % 3);
+    Put(table, c.b | c.g << 8 | c.r << 16, 4);
   }
   std::string out = "BM";
   const std::uint32_t offset = 14 + bmp.header_size + std::uint32_t(table.size());
@@ -181,7 +180,7 @@ std::string NewBmpBytes(const NewBmp& bmp) {
        {offset + std::uint32_t(pixels.size()), 0u, offset, bmp.header_size, 5u, 3u, 1u | bmp.bits << 16,
         bmp.compression, std::uint32_t(pixels.size()), 2835u, 2835u, bmp.colours, 0u, bmp.masks[0], bmp.masks[1],
         bmp.masks[2], bmp.masks[3], 0x73524742u})  // ... and the colour space "sRGB"
-    put(out, value, 4);
+    Put(out, value, 4);
   out.resize(14 + bmp.header_size, '\0');
   return out + table + pixels;
 }
@@ -219,7 +218,6 @@ TEST_F(ImagingFiles, BmpFilesWithNewerHeadersRead) {
           << x << "," << y << ": " << got << " for " << want;
     }
     EXPECT_EQ(Count("new.bmp"), 1);
-    library.Release(page);
   }
 }
 
@@ -278,16 +276,23 @@ TEST_F(ImagingFiles, EveryFormatFromEveryPageKindWritesTheNearestDepth) {
 TEST_F(ImagingFiles, FlagsReachTheEncoderAndTheNumberDecidesTheFormat) {
   const Handle page = LoadSample(library, folder.file("alpha.png"), 37, 23);
   // JPEG qualities, a fax compression that a colour page cannot take (a file all the same), a
-  // name of no format, an unknown format number, and a folder that is not there.
+  // name of no format, JPEG 2000 of a page smaller than its wavelet levels take (the encoder
+  // fails after its first bytes), an unknown format number, and a folder that is not there. The
+  // split save, encoding and then writing, gives the same.
   for (const auto& [name, format, flags, written] : {std::tuple{"low.jpg", kFormatJpeg, 5, FIF_JPEG},
                                                      {"high.jpg", kFormatJpeg, 100, FIF_JPEG},
                                                      {"fax.tif", kFormatTiff, 0x2000, FIF_TIFF},
                                                      {"preview.dat", kFormatPng, 0, FIF_PNG},
+                                                     {"small.jp2", FormatNumber(FIF_JP2), 0, FIF_UNKNOWN},
                                                      {"x.png", FormatNumber(999), 0, FIF_UNKNOWN},
                                                      {"no/such/x.png", kFormatPng, 0, FIF_UNKNOWN}}) {
     library.FreeImage_Save(page, folder.file(name), format, flags, -1, result);
     EXPECT_EQ(result != 0, written != FIF_UNKNOWN) << name;
-    EXPECT_EQ(ReadImageFacts(folder.file(name)).format, written) << name;
+    EncodedImage encoded;
+    library.EncodeImage(page, format, flags, encoded, result);
+    library.WriteEncodedImage(encoded, folder.file(name) + ".split", result);
+    for (const char* suffix : {"", ".split"})
+      EXPECT_EQ(ReadImageFacts(folder.file(name) + suffix).format, written) << name << suffix;
   }
   EXPECT_LT(std::filesystem::file_size(folder.file("low.jpg")) * 3 / 2,
             std::filesystem::file_size(folder.file("high.jpg")));
