@@ -96,9 +96,9 @@ TEST_F(WebServiceTest, EachRefusalEndsTheUploadWithItsMessage) {
   AddWrittenFile("a.jpg", 500000);
   const std::string signed_in = kLogin + "200 signed-in.txt\n", feed = "GET /data/feed/api/user/alice ";
   const std::tuple<std::string, std::string, std::string> cases[] = {
-      // The captcha image comes with a status that is no success (and is not kept); cancelled, no message.
-      {kLogin + "403 body.txt\nGET /accounts/Captcha 300 body.txt\n",
-       "Error=CaptchaRequired\nCaptchaUrl=Captcha?ctoken=x", "Connecting...\ncaptcha \nstatus Failed"},
+      // No line feed ends its address: the image comes from /accounts/, answered 300, and is not kept; cancelled.
+      {kLogin + "403 body.txt\nGET /accounts/ 300 body.txt\n", "Error=CaptchaRequired\nCaptchaUrl=Captcha?ctoken=x",
+       "Connecting...\ncaptcha \nstatus Failed"},
       {kLogin + "403 body.txt\n", "Error=BadAuthentication\n",
        "message X Failed to login to Google Picasa. Check Username/Password and try again.\r\n\r\n403\r\n"
        "Error=BadAuthentication\n\nstatus Failed"},
