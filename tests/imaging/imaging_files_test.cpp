@@ -52,8 +52,7 @@ class ImagingFiles : public ::testing::Test {
     return LoadSample(to, folder.file(std::to_string(width) + ".jpg"), width, 20);
   }
   CallResult Append(ImagingLibrary& to, const std::string& name, Handle page, int flags = 0) {
-    to.AppendPageToFile(folder.file(name), page, -1, flags, -1, result);
-    return result;
+    return to.AppendPageToFile(folder.file(name), page, -1, flags, -1, result), result;
   }
   std::size_t Stored(const std::string& name) { return StoredPages(folder.file(name)).size(); }
 };

@@ -1,18 +1,9 @@
 // ImagingLibrary's handles and its failure rule (0 or unknown handles fail and stay as they
 // were), blank pages, and drawing on pages of any depth: effects, text, and watermark pictures
 // clipped, colour-keyed and blended.
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <filesystem>
-#include <functional>
-#include <tuple>
-
 #include "imaging/effects/effects.h"
-#include "imaging/imaging_library.h"
 #include "imaging/text/text_renderer.h"
 #include "tests/imaging/pages.h"
-#include "tests/support/test_support.h"
 
 namespace velmora::imaging {
 namespace {
@@ -160,8 +151,7 @@ class ImagingPaste : public ::testing::Test {
   Handle Watermark(int width, int height) { return LoadPattern(library, folder.file("p.png"), width, height, Mark); }
   CallResult Paste(Handle& page, Handle mark, int left, int top, std::int32_t key = 0xFFFFFF) {
     CallResult result = 0;
-    library.PasteWatermark(page, mark, left, top, key, result);
-    return result;
+    return library.PasteWatermark(page, mark, left, top, key, result), result;
   }
 };
 
@@ -176,14 +166,13 @@ TEST_F(ImagingPaste, KeyedPixelsAreLeftOutAndWatermarksClippedOnEverySide) {
     Handle page = Solid(width, height, kBlue);
     ASSERT_NE(Paste(page, Watermark(side, side), left, top, keyed ? 0xFFFFFF : -1), 0);
     const std::vector<Rgba> pixels = Pixels(library, page);
-    for (int y = 0; y < height; ++y) {
+    for (int y = 0; y < height; ++y)
       for (int x = 0; x < width; ++x) {
         const bool on = x >= left && x < left + side && y >= top && y < top + side;
         const Rgba mark = on ? Mark(x - left, y - top) : kBlue;
         EXPECT_EQ(pixels[y * width + x], keyed && mark == kWhite ? kBlue : mark)
             << left << "," << top << ": " << x << "," << y;
       }
-    }
   }
   // A page may be its own watermark; an unknown watermark fails.
   Handle self = Watermark(6, 4);

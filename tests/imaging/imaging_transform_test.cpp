@@ -1,14 +1,7 @@
 // Depth conversions and transforms on the page behind a handle: each conversion delivers the
 // depth it names from any page type, 16-bit layouts, the mono threshold, float pages kept or tone
 // mapped; nearest-neighbour rescaling copies pixels exactly; rotation, flips and adjustments.
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <tuple>
-
-#include "imaging/imaging_library.h"
 #include "tests/imaging/pages.h"
-#include "tests/support/test_support.h"
 
 namespace velmora::imaging {
 namespace {
@@ -139,10 +132,8 @@ TEST_F(ImagingPages, RescaleCopiesThePixelUnderEachCentreAtAnyDepth) {
   library.FreeImage_Rescale(deep, 5, 20, 2, result);
   EXPECT_EQ(FactsOf(library, deep), (PageFacts{5, 20, 48}));
   library.FreeImage_Rescale(deep, 17, 61, 1, result);
-  for (const auto& [width, height, filter] : {std::tuple{10, 10, 0}, {10, 10, 3}, {0, 10, 1}, {10, -4, 2}}) {
-    library.FreeImage_Rescale(deep, width, height, filter, result);
-    EXPECT_EQ(result, 0);
-  }
+  for (const auto& [width, height, filter] : {std::tuple{10, 10, 0}, {10, 10, 3}, {0, 10, 1}, {10, -4, 2}})
+    EXPECT_EQ((library.FreeImage_Rescale(deep, width, height, filter, result), result), 0);
   EXPECT_EQ(FactsOf(library, deep), (PageFacts{17, 61, 48}));
 }
 
@@ -154,10 +145,10 @@ TEST_F(ImagingPages, TurnsAndFlips) {
   EXPECT_EQ(FactsOf(library, page), (PageFacts{2, 3, 24}));
   EXPECT_EQ(PixelAt(library, page, 0, 2), Distinct(0, 0));  // top-left to bottom-left
   EXPECT_EQ(PixelAt(library, page, 0, 0), Distinct(2, 0));  // top-right to top-left
-  for (const int angle : {0, 180, 270, 360, 45, -90, 450}) {
-    library.RotateRightAngle(page, angle, result);
-    EXPECT_EQ(result != 0, angle % 90 == 0 && angle >= 0 && angle <= 360) << angle;
-  }
+  for (const int angle : {0, 180, 270, 360, 45, -90, 450})
+    EXPECT_EQ((library.RotateRightAngle(page, angle, result), result != 0),
+              angle % 90 == 0 && angle >= 0 && angle <= 360)
+        << angle;
   EXPECT_EQ(FactsOf(library, page).width, 3u);
   Handle grown = Sample("photo.jpg", 30, 20), kept = Sample("photo.jpg", 30, 20);
   library.RotateFree(grown, 45.0, -1.0, 5.0, 0, result);
@@ -182,8 +173,7 @@ TEST_F(ImagingPages, TurnsAndFlips) {
   EXPECT_EQ(PixelAt(library, flipped, 0, 0), Distinct(2, 0));
   library.FlipImage(flipped, 2, result);
   EXPECT_EQ(PixelAt(library, flipped, 0, 0), Distinct(2, 1));
-  library.FlipImage(flipped, 3, result);
-  EXPECT_EQ(result, 0);
+  EXPECT_EQ((library.FlipImage(flipped, 3, result), result), 0);
   library.FreeImage_AdjustBrightness(flipped, 40, result);
   EXPECT_GT(PixelAt(library, flipped, 0, 0).g, Distinct(2, 1).g);
 }
