@@ -25,12 +25,8 @@ std::vector<std::pair<unsigned, unsigned>> StoredPages(const std::string& path) 
   return pages;
 }
 
-class ImagingFiles : public ::testing::Test {
+class ImagingFiles : public LibraryTest {
  protected:
-  TempFolder folder;
-  ImagingLibrary library;
-  CallResult result = 0;
-
   // The page count, checked against the result.
   std::int32_t Count(const std::string& name) {
     std::int32_t count = -1;
@@ -58,10 +54,10 @@ class ImagingFiles : public ::testing::Test {
 };
 
 TEST_F(ImagingFiles, LoadReadsByContentAndIconsKeepTheirAlpha) {
-  LoadSample(library, folder.file("photo.jpg"), 64, 48);
+  Sample("photo.jpg", 64, 48);
   std::filesystem::rename(folder.file("photo.jpg"), folder.file("photo.png"));  // a JPEG under a PNG name
   ASSERT_TRUE(samples::WriteIcon(folder.file("app.ico"), 32));
-  LoadPattern(library, folder.file("fake.ico"), 5, 3, [](int, int) { return Rgba{1, 2, 3}; });  // a PNG as an icon
+  Pattern("fake.ico", 5, 3, [](int, int) { return Rgba{1, 2, 3}; });  // a PNG as an icon
   Handle photo = 0, icon = 0, fake = 0;
   library.FreeImage_Load(folder.file("photo.png"), photo, -1, 0, result);
   EXPECT_EQ(FactsOf(library, photo).bpp * 100 + FactsOf(library, photo).width, 2464u);
@@ -204,7 +200,7 @@ TEST_F(ImagingFiles, BmpFilesWithNewerHeadersRead) {
   for (const NewBmp& bmp : cases) {
     SCOPED_TRACE(bmp.name);
     WriteWholeFile(folder.file("new.bmp"), NewBmpBytes(bmp));
-    const Handle page = LoadPage(library, folder.file("new.bmp"));
+    const Handle page = Load("new.bmp");
     EXPECT_EQ(FactsOf(library, page), (PageFacts{5, 3, bmp.bits}));
     const int tolerance = bmp.bits == 16 ? 8 : 0;  // five or six bits a channel
     for (const auto& [x, y] : {std::pair{0, 0}, {4, 0}, {1, 2}, {3, 1}}) {
@@ -246,8 +242,7 @@ TEST_F(ImagingFiles, EveryFormatFromEveryPageKindWritesTheNearestDepth) {
       {kFormatTga, FIF_TARGA}, {kFormatTiff, FIF_TIFF}, {kFormatExr, FIF_EXR},
   };
   std::vector<Handle> pages;  // 24, 32, 48 and 96 bits, then 1, 4, 8 and 16
-  for (const char* name : {"page.jpg", "alpha.png", "deep.png", "page.exr"})
-    pages.push_back(LoadSample(library, folder.file(name), 37, 23));
+  for (const char* name : {"page.jpg", "alpha.png", "deep.png", "page.exr"}) pages.push_back(Sample(name, 37, 23));
   pages.resize(8);
   library.ConvertToMono(pages[0], pages[4], 2, 128, result);
   library.ConvertToIndexed4(pages[0], pages[5], 4, result);
@@ -273,7 +268,7 @@ TEST_F(ImagingFiles, EveryFormatFromEveryPageKindWritesTheNearestDepth) {
 }
 
 TEST_F(ImagingFiles, FlagsReachTheEncoderAndTheNumberDecidesTheFormat) {
-  const Handle page = LoadSample(library, folder.file("alpha.png"), 37, 23);
+  const Handle page = Sample("alpha.png", 37, 23);
   // JPEG qualities, a fax compression that a colour page cannot take (a file all the same), a
   // name of no format, JPEG 2000 of a page smaller than its wavelet levels take (the encoder
   // fails after its first bytes), an unknown format number, and a folder that is not there. The
@@ -310,7 +305,7 @@ TEST_F(ImagingFiles, GifAndTiffGetEveryPageInOrderAtTheDepthTheyTake) {
   // Pages of other depths go into a TIFF as they are; a single-page format takes no appends.
   Handle mono = 0;
   library.ConvertToMono(pages[0], mono, 2, 128, result);
-  const Handle deep = LoadSample(library, folder.file("deep.png"), 35, 10);
+  const Handle deep = Sample("deep.png", 35, 10);
   for (const Handle page : {mono, deep}) EXPECT_NE(Append(library, "mixed.tif", page, 0x4000), 0);
   EXPECT_EQ(Append(library, "single.jpg", mono), 0);
   library.FlushAppendedPages();

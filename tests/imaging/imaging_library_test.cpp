@@ -29,10 +29,10 @@ const std::pair<InOut, std::function<bool(FIBITMAP*)>> kDrawing[] = {
      [](auto* d) { return text::DrawText(d, kText); }},
 };
 
+using ImagingCalls = LibraryTest;
+
 // One operation of each kind of page handling, and every drawing one.
-TEST(ImagingFailureRule, OperationsRefuseZeroAndUnknownHandlesAndLeaveThem) {
-  ImagingLibrary library;
-  TempFolder folder;
+TEST_F(ImagingCalls, OperationsRefuseZeroAndUnknownHandlesAndLeaveThem) {
   std::vector<InOut> operations = {
       [](auto& l, auto& h, auto& r) { l.FreeImage_Rescale(h, 10, 10, 2, r); },
       [](auto& l, auto& h, auto& r) { l.RotateFree(h, 30.0, -1.0, -1.0, 0, r); },
@@ -55,13 +55,13 @@ TEST(ImagingFailureRule, OperationsRefuseZeroAndUnknownHandlesAndLeaveThem) {
   for (const Handle given : {Handle{0}, Handle{4242}}) {
     for (std::size_t i = 0; i < operations.size(); ++i) {
       Handle handle = given;
-      CallResult result = 7;
+      result = 7;
       operations[i](library, handle, result);
       EXPECT_EQ(result, 0) << "operation " << i << " handle " << given;
       EXPECT_EQ(handle, given);
     }
     Handle out = 99;
-    CallResult result = 7;
+    result = 7;
     library.FreeImage_ConvertTo24Bits(given, out, result);
     EXPECT_EQ(result + out, 0);
     EXPECT_EQ(FactsOf(library, given), PageFacts{});
@@ -71,10 +71,8 @@ TEST(ImagingFailureRule, OperationsRefuseZeroAndUnknownHandlesAndLeaveThem) {
   EXPECT_EQ(library.LiveImageCount(), 0u);
 }
 
-TEST(ImagingHandles, NumberedFromOneReplacedInPlaceAndReleasedOneByOne) {
-  ImagingLibrary library;
+TEST_F(ImagingCalls, HandlesAreNumberedFromOneReplacedInPlaceAndReleasedOneByOne) {
   Handle first = 0, second = 0, grey = 0;
-  CallResult result = 0;
   library.FreeImage_Allocate(first, 10, 20, 24, 0, 0, 0, result);
   library.FreeImage_Allocate(second, 10, 20, 8, 0, 0, 0, result);
   EXPECT_EQ(first * 10 + second, 12u);
@@ -91,23 +89,20 @@ TEST(ImagingHandles, NumberedFromOneReplacedInPlaceAndReleasedOneByOne) {
             std::tuple(2u, 0u, 10u));
 }
 
-TEST(ImagingAllocate, MakesBlankPagesOfEveryDepthAndRefusesBadOnes) {
-  ImagingLibrary library;
+TEST_F(ImagingCalls, AllocateMakesBlankPagesOfEveryDepthAndRefusesBadOnes) {
   constexpr std::tuple<int, int, int> kAsked[] = {{17, 5, 1},  {17, 5, 4},  {17, 5, 8},  {17, 5, 16}, {17, 5, 24},
                                                   {17, 5, 32}, {17, 5, 48}, {17, 5, 64}, {17, 5, 96}, {17, 5, 128},
                                                   {0, 5, 24},  {5, -3, 24}, {5, 5, 7},   {5, 5, 0},   {5, 5, 33}};
   for (const auto& [width, height, bpp] : kAsked) {
     Handle page = 99;
-    CallResult result = 7;
+    result = 7;
     library.FreeImage_Allocate(page, width, height, bpp, 0, 0, 0, result);
     EXPECT_EQ(result != 0, page != 0) << bpp;
     EXPECT_EQ(FactsOf(library, page), (width == 17 ? PageFacts{17, 5, std::uint32_t(bpp)} : PageFacts{})) << bpp;
   }
 }
 
-TEST(ImagingDrawing, RunsOnTrueColourPagesMadeFromAnyDepth) {
-  TempFolder folder;
-  ImagingLibrary library;
+TEST_F(ImagingCalls, DrawingRunsOnTrueColourPagesMadeFromAnyDepth) {
   // Source file, whether to make it 1-bit first, the depth drawing leaves, and whether the page
   // is drawn on as it is, so that it gets the pixels of drawing straight on the file's bitmap.
   for (const auto& [source, mono, bpp, as_is] : {std::tuple{"photo.jpg", false, 24u, true},
@@ -115,8 +110,7 @@ TEST(ImagingDrawing, RunsOnTrueColourPagesMadeFromAnyDepth) {
                                                  {"deep.png", false, 24u, false},
                                                  {"alpha.png", false, 32u, true}}) {
     for (const auto& [through_library, straight] : kDrawing) {
-      Handle page = LoadSample(library, folder.file(source), 24, 16);
-      CallResult result = 0;
+      Handle page = Sample(source, 24, 16);
       if (mono) library.ConvertToMono(page, page, 2, 128, result);
       through_library(library, page, result);
       EXPECT_NE(result, 0) << source;
@@ -126,8 +120,7 @@ TEST(ImagingDrawing, RunsOnTrueColourPagesMadeFromAnyDepth) {
       library.Release(page);
     }
   }
-  Handle inverted = LoadPattern(library, folder.file("i.png"), 3, 3, [](int, int) { return Rgba{10, 100, 200}; });
-  CallResult result = 0;
+  Handle inverted = Pattern("i.png", 3, 3, [](int, int) { return Rgba{10, 100, 200}; });
   library.EffectInvert(inverted, result);
   EXPECT_EQ(PixelAt(library, inverted, 1, 1), (Rgba{245, 155, 55}));
 }
@@ -139,18 +132,14 @@ Rgba Mark(int x, int y) {
   return (x + y) % 2 == 0 ? kWhite : kRed;
 }
 
-class ImagingPaste : public ::testing::Test {
+class ImagingPaste : public LibraryTest {
  protected:
-  TempFolder folder;
-  ImagingLibrary library;
-
   Handle Solid(int width, int height, Rgba colour, bool alpha = false) {
-    return LoadPattern(
-        library, folder.file("p.png"), width, height, [=](int, int) { return colour; }, alpha);
+    return Pattern(
+        "p.png", width, height, [=](int, int) { return colour; }, alpha);
   }
-  Handle Watermark(int width, int height) { return LoadPattern(library, folder.file("p.png"), width, height, Mark); }
+  Handle Watermark(int width, int height) { return Pattern("p.png", width, height, Mark); }
   CallResult Paste(Handle& page, Handle mark, int left, int top, std::int32_t key = 0xFFFFFF) {
-    CallResult result = 0;
     return library.PasteWatermark(page, mark, left, top, key, result), result;
   }
 };
@@ -196,7 +185,6 @@ TEST_F(ImagingPaste, AlphaIsBlendedSourceOver) {
   }
   // A page without alpha, 8 bits grey, is widened to 24 bits first.
   Handle grey = Solid(6, 6, kBlue);
-  CallResult result = 0;
   library.ConvertToIndexed8(grey, grey, 4, result);
   const int level = PixelAt(library, grey, 0, 0).g;
   ASSERT_NE(Paste(grey, Solid(2, 2, {255, 0, 0, 128}, true), 1, 1), 0);

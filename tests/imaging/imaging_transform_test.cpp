@@ -13,16 +13,9 @@ Rgba Distinct(int x, int y) {
   return {40 * x + 10, 50 * y + 5, 7 * x + 11 * y};
 }
 
-class ImagingPages : public ::testing::Test {
+class ImagingPages : public LibraryTest {
  protected:
-  TempFolder folder;
-  ImagingLibrary library;
-  CallResult result = 0;
-
-  Handle Pattern(int width, int height) { return LoadPattern(library, folder.file("p.png"), width, height, Distinct); }
-  Handle Sample(const std::string& name, int width, int height) {
-    return LoadSample(library, folder.file(name), width, height);
-  }
+  Handle Grid(int width, int height) { return Pattern("p.png", width, height, Distinct); }
 };
 
 TEST_F(ImagingPages, EveryConversionDeliversItsDepthFromEveryPageType) {
@@ -39,7 +32,7 @@ TEST_F(ImagingPages, EveryConversionDeliversItsDepthFromEveryPageType) {
   for (const char* name : {"photo.jpg", "alpha.png", "deep.png", "sky.exr", "poster.bmp"})
     sources.push_back(Sample(name, 21, 13));
   library.FreeImage_Save(sources[1], folder.file("alpha.exr"), kFormatExr, 0, -1, result);  // a float RGBA page
-  sources.push_back(LoadPage(library, folder.file("alpha.exr")));
+  sources.push_back(Load("alpha.exr"));
   for (const Handle source : sources) {
     const PageFacts before = FactsOf(library, source);
     for (const auto& [bpp, convert] : conversions) {
@@ -55,7 +48,7 @@ TEST_F(ImagingPages, EveryConversionDeliversItsDepthFromEveryPageType) {
 TEST_F(ImagingPages, SixteenBitLayoutsAndTheMonoThreshold) {
   const auto halves = [](int x, int) { return x < 5 ? Rgba{100, 100, 100} : Rgba{200, 200, 200}; };
   for (const bool as565 : {false, true}) {
-    Handle page = LoadPattern(library, folder.file("halves.png"), 10, 4, halves);
+    Handle page = Pattern("halves.png", 10, 4, halves);
     library.ConvertTo16Bits(page, page, as565, result);
     library.FreeImage_Save(page, folder.file("16.bmp"), kFormatBmp, 0, -1, result);
     Page back(FreeImage_Load(FIF_BMP, folder.file("16.bmp").c_str(), 0));
@@ -63,14 +56,14 @@ TEST_F(ImagingPages, SixteenBitLayoutsAndTheMonoThreshold) {
     EXPECT_EQ(FreeImage_GetGreenMask(back.get()), as565 ? FI16_565_GREEN_MASK : FI16_555_GREEN_MASK);
     // TGA knows only 5:5:5: a 5:6:5 page is written in that layout with its colours.
     library.FreeImage_Save(page, folder.file("16.tga"), kFormatTga, 0, -1, result);
-    Handle tga = LoadPage(library, folder.file("16.tga"));
+    Handle tga = Load("16.tga");
     EXPECT_EQ(FactsOf(library, tga).bpp, 16u);
     EXPECT_NEAR(PixelAt(library, tga, 7, 1).r, 200, 8);
     EXPECT_NEAR(PixelAt(library, tga, 7, 1).g, 200, 8);
   }
   // Grey 100 and 200 against thresholds; those outside 0..255 are brought inside.
   for (const auto& [threshold, left, right] : {std::tuple{128, 0, 255}, {300, 0, 0}, {-5, 255, 255}}) {
-    Handle page = LoadPattern(library, folder.file("halves.png"), 10, 4, halves);
+    Handle page = Pattern("halves.png", 10, 4, halves);
     library.ConvertToMono(page, page, 2, threshold, result);
     EXPECT_EQ(PixelAt(library, page, 2, 1), (Rgba{left, left, left})) << threshold;
     EXPECT_EQ(PixelAt(library, page, 7, 1), (Rgba{right, right, right})) << threshold;
@@ -79,9 +72,8 @@ TEST_F(ImagingPages, SixteenBitLayoutsAndTheMonoThreshold) {
 
 TEST_F(ImagingPages, FloatPagesWithinOneKeepTheirValuesBrighterOnesAreToneMapped) {
   const auto ramp = [](int x, int y) { return Rgba{x * 25, y * 60, 77}; };
-  library.FreeImage_Save(LoadPattern(library, folder.file("ramp.png"), 10, 5, ramp), folder.file("ramp.exr"),
-                         kFormatExr, 0, -1, result);
-  Handle floating = LoadPage(library, folder.file("ramp.exr"));
+  library.FreeImage_Save(Pattern("ramp.png", 10, 5, ramp), folder.file("ramp.exr"), kFormatExr, 0, -1, result);
+  Handle floating = Load("ramp.exr");
   ASSERT_EQ(FactsOf(library, floating).bpp, 96u);
   library.FreeImage_ConvertTo24Bits(floating, floating, result);
   for (const auto& [x, y] : {std::pair{0, 0}, {9, 4}, {4, 2}, {7, 1}})
@@ -99,7 +91,7 @@ TEST_F(ImagingPages, FloatPagesWithinOneKeepTheirValuesBrighterOnesAreToneMapped
   auto* pixel = reinterpret_cast<FIRGBAF*>(FreeImage_GetScanLine(bright.get(), 0));
   for (int x = 0; x < 4; ++x) pixel[x] = {2.0f * x, 1.0f, 0.5f, x / 3.0f};
   ASSERT_TRUE(FreeImage_Save(FIF_EXR, bright.get(), folder.file("bright.exr").c_str(), 0));
-  Handle lit = LoadPage(library, folder.file("bright.exr"));
+  Handle lit = Load("bright.exr");
   library.FreeImage_ConvertTo32Bits(lit, lit, result);
   for (int x = 0; x < 4; ++x) EXPECT_EQ(PixelAt(library, lit, x, 0).a, 85 * x);
 }
@@ -107,7 +99,7 @@ TEST_F(ImagingPages, FloatPagesWithinOneKeepTheirValuesBrighterOnesAreToneMapped
 // Nearest neighbour copies the pixel under each centre, at any depth; bilinear gives the size
 // asked for; bad sizes and filters leave the page.
 TEST_F(ImagingPages, RescaleCopiesThePixelUnderEachCentreAtAnyDepth) {
-  Handle up = Pattern(3, 2), down = Pattern(4, 4);
+  Handle up = Grid(3, 2), down = Grid(4, 4);
   library.FreeImage_Rescale(up, 6, 4, 2, result);
   library.FreeImage_Rescale(down, 2, 2, 2, result);
   for (int y = 0; y < 4; ++y)
@@ -115,7 +107,7 @@ TEST_F(ImagingPages, RescaleCopiesThePixelUnderEachCentreAtAnyDepth) {
   for (const auto& [x, y] : {std::pair{0, 0}, {1, 0}, {0, 1}, {1, 1}})
     EXPECT_EQ(PixelAt(library, down, x, y), Distinct(2 * x + 1, 2 * y + 1));
   const bool stripes[] = {false, true, true, false, true, false, false, true, true};
-  Handle mono = LoadPattern(library, folder.file("s.png"), 9, 1, [&](int x, int) {
+  Handle mono = Pattern("s.png", 9, 1, [&](int x, int) {
     const int v = stripes[x] * 255;
     return Rgba{v, v, v};
   });
@@ -140,7 +132,7 @@ TEST_F(ImagingPages, RescaleCopiesThePixelUnderEachCentreAtAnyDepth) {
 // Right angles turn counter-clockwise; free angles about the centre grow the canvas (30 cos 45 +
 // 20 sin 45), about a given origin they keep it; depths FreeImage cannot turn are widened first.
 TEST_F(ImagingPages, TurnsAndFlips) {
-  Handle page = Pattern(3, 2);
+  Handle page = Grid(3, 2);
   library.RotateRightAngle(page, 90, result);
   EXPECT_EQ(FactsOf(library, page), (PageFacts{2, 3, 24}));
   EXPECT_EQ(PixelAt(library, page, 0, 2), Distinct(0, 0));  // top-left to bottom-left
@@ -168,7 +160,7 @@ TEST_F(ImagingPages, TurnsAndFlips) {
   EXPECT_EQ(FactsOf(library, sixteen), (PageFacts{20, 30, 24}));
   EXPECT_EQ(FactsOf(library, mono).bpp, 8u);
   // Flips change the page in place, left-right (1) or top-bottom (2); so do the adjustments.
-  Handle flipped = Pattern(3, 2);
+  Handle flipped = Grid(3, 2);
   library.FlipImage(flipped, 1, result);
   EXPECT_EQ(PixelAt(library, flipped, 0, 0), Distinct(2, 0));
   library.FlipImage(flipped, 2, result);

@@ -76,13 +76,6 @@ inline imaging::Handle LoadPage(imaging::ImagingLibrary& library, const std::str
   return page;
 }
 
-// MakePage's page written as a PNG at `path` and loaded through the library.
-inline imaging::Handle LoadPattern(imaging::ImagingLibrary& library, const std::string& path, int width, int height,
-                                   const std::function<Rgba(int, int)>& colour, bool alpha = false) {
-  FreeImage_Save(FIF_PNG, MakePage(width, height, alpha ? 32 : 24, colour).get(), path.c_str(), 0);
-  return LoadPage(library, path);
-}
-
 // A sample of the kind its name tells (a JPEG photo, "alpha.png", "deep.png", a float EXR or a
 // palette BMP) written at `path` and loaded.
 inline imaging::Handle LoadSample(imaging::ImagingLibrary& library, const std::string& path, int width, int height) {
@@ -111,6 +104,25 @@ inline Rgba PixelAt(imaging::ImagingLibrary& library, imaging::Handle page, int 
   library.FreeImage_GetWidth(page, width);
   return Pixels(library, page).at(std::size_t(y) * width + x);
 }
+
+// A library, a folder for its files and the result of the last call, with pages loaded from there.
+class LibraryTest : public ::testing::Test {
+ protected:
+  TempFolder folder;
+  imaging::ImagingLibrary library;
+  imaging::CallResult result = 0;
+
+  imaging::Handle Load(const std::string& name) { return LoadPage(library, folder.file(name)); }
+  imaging::Handle Sample(const std::string& name, int width, int height) {
+    return LoadSample(library, folder.file(name), width, height);
+  }
+  // MakePage's page written as a PNG and loaded.
+  imaging::Handle Pattern(const std::string& name, int width, int height, const std::function<Rgba(int, int)>& colour,
+                          bool alpha = false) {
+    FreeImage_Save(FIF_PNG, MakePage(width, height, alpha ? 32 : 24, colour).get(), folder.file(name).c_str(), 0);
+    return Load(name);
+  }
+};
 
 struct PageFacts {
   std::uint32_t width = 0, height = 0, bpp = 0;

@@ -59,15 +59,17 @@ TEST(TextDraw, RefusedEmptyAndClippedText) {
   EXPECT_EQ(std::pair(Ink(page.get()).left, Ink(page.get()).top), std::pair(0, 0));
 }
 
-// Liberation Sans has 2048 units to the em, 32 pixels here. Its ascent of 1854 units is 28.97
-// pixels, 29 rows, its descent 434 units 7 rows. "H" stands 1409 units high (22.02 pixels: 23 rows)
-// on the baseline, from 158 to 1321 units across (2.47 to 20.64 pixels) of its advance of 1479
+// Liberation Sans has 2048 units to the em, 32 pixels at 24 points. Its ascent of 1854 units is
+// 28.97 pixels, 29 rows, its descent 434 units 7 rows. "H" stands 1409 units high (22.02 pixels: 23
+// rows) on the baseline, from 158 to 1321 units across (2.47 to 20.64 pixels) of its advance of 1479
 // (23.11 pixels). A bar runs the line's whole advance, a space's 569 units (8.89 pixels: 9
 // columns). The underline is 150 units thick (2.34 pixels: 2 rows) and centred 142 units (2.22
 // pixels) under the baseline; the strikeout is as thick, centred 0.3 em (9.6 pixels) over it.
 TEST(TextDraw, InkLandsOnThePixelsTheFontMetricsGive) {
   struct Row {
     const char* text;
+    int points;
+    double points_per_pixel;
     int horizontal, vertical;  // anchors: 3 left, 4 right, 1 top, 2 bottom, 0 centre
     bool underline, strikeout;
     std::tuple<int, int, int, int> box;  // left, top, right, bottom
@@ -75,34 +77,27 @@ TEST(TextDraw, InkLandsOnThePixelsTheFontMetricsGive) {
   // Anchored left and top at (40, 30) the baseline is row 59, and bars take rows from
   // round(centre - 1): 59 + 2.22 - 1 and 59 - 9.6 - 1. Anchored right and bottom at (250, 100) the
   // line starts at 250 - 23 and its baseline is 7 rows of descent above 100. Centred on (40, 30),
-  // the line starts at 40 - round(11.55) and its baseline is 29 - 36 / 2 rows below 30.
+  // the line starts at 40 - round(11.55) and its baseline is 29 - 36 / 2 rows below 30. At 16
+  // pixels (12 points at 0.75 points to the pixel, also when neither is given, or 24 points at
+  // 1.5) the ascent is 14.48 pixels, 15 rows, and "H" 11.01 high, 12 rows, from 1.23 to 10.32.
   for (const Row& row :
-       {Row{"H", 3, 1, false, false, {42, 36, 61, 59}}, Row{"H", 4, 2, false, false, {229, 70, 248, 93}},
-        Row{"H", 0, 0, false, false, {30, 18, 49, 41}}, Row{" ", 3, 1, true, false, {40, 60, 49, 62}},
-        Row{" ", 3, 1, false, true, {40, 48, 49, 50}}}) {
+       {Row{"H", 24, 0.75, 3, 1, false, false, {42, 36, 61, 59}},
+        Row{"H", 24, 0.75, 4, 2, false, false, {229, 70, 248, 93}},
+        Row{"H", 24, 0.75, 0, 0, false, false, {30, 18, 49, 41}},
+        Row{" ", 24, 0.75, 3, 1, true, false, {40, 60, 49, 62}},
+        Row{" ", 24, 0.75, 3, 1, false, true, {40, 48, 49, 50}},
+        Row{"H", 12, 0.75, 3, 1, false, false, {41, 33, 51, 45}}, Row{"H", 0, 0, 3, 1, false, false, {41, 33, 51, 45}},
+        Row{"H", 24, 1.5, 3, 1, false, false, {41, 33, 51, 45}}}) {
     Page page = Canvas(300, 120);
-    auto request = Request(row.text, 40, 30);
+    auto request = Request(row.text, 40, 30, row.points);
+    request.points_per_pixel = row.points_per_pixel, request.right = 250, request.bottom = 100;
     request.horizontal_anchor = row.horizontal, request.vertical_anchor = row.vertical;
-    request.right = 250, request.bottom = 100, request.underline = row.underline, request.strikeout = row.strikeout;
+    request.underline = row.underline, request.strikeout = row.strikeout;
     ASSERT_TRUE(DrawText(page.get(), request));
     EXPECT_EQ(Ink(page.get()).box(), row.box)
-        << "anchors, bars: " << row.horizontal << row.vertical << row.underline << row.strikeout;
+        << row.points << " points at " << row.points_per_pixel << ", anchors " << row.horizontal << row.vertical
+        << ", bars " << row.underline << row.strikeout;
   }
-}
-
-// Points at the request's scale, 0.75 points to the pixel (96 dots per inch) when it has none.
-TEST(TextDraw, SizeIsPointsAtTheRequestsScale) {
-  Page small = Canvas(200, 100), large = Canvas(200, 100), unset = Canvas(200, 100), halved = Canvas(200, 100);
-  ASSERT_TRUE(DrawText(small.get(), Request("H", 10, 10, 12)));  // 16 pixels: "H" 11.01 high, 12 rows
-  ASSERT_TRUE(DrawText(large.get(), Request("H", 10, 10, 24)));  // 22.02 high, 23 rows
-  // No size (a cancelled font dialog leaves 0) and no scale: the usual 12 points at 96 dpi.
-  auto request = Request("H", 10, 10, 0);
-  request.points_per_pixel = 0;
-  ASSERT_TRUE(DrawText(unset.get(), request));
-  request.size_points = 24, request.points_per_pixel = 1.5;  // 48 dpi: the same 16 pixels
-  ASSERT_TRUE(DrawText(halved.get(), request));
-  EXPECT_EQ(std::pair(Ink(small.get()).height(), Ink(large.get()).height()), std::pair(12, 23));
-  EXPECT_TRUE(Pixels(unset.get()) == Pixels(small.get()) && Pixels(halved.get()) == Pixels(small.get()));
 }
 
 // Full ink is exactly the requested colour, and edges lie between it and the page. Red ink of
@@ -135,9 +130,7 @@ TEST(TextStyle, BoldThickensAndItalicLeans) {
   auto lean = [](FIBITMAP* page) {
     const InkBox ink = Ink(page);
     auto first = [&](int y) {
-      int x = 0;
-      while (PixelAt(page, x, y) == Rgba{255, 255, 255}) ++x;
-      return x;
+      return Ink(Page(FreeImage_Copy(page, 0, y, FreeImage_GetWidth(page), y + 1)).get()).left;
     };
     return first(ink.top) - first(ink.bottom - 1);
   };
@@ -161,8 +154,8 @@ TEST(TextStyle, BoldThickensAndItalicLeans) {
   }
 }
 
-// Quarter and half turns, counter-clockwise (negative ones wrap round), move each pixel exactly: the pixel whose centre
-// lies (dx, dy) from the anchor lands where the turn takes that centre.
+// Quarter and half turns, counter-clockwise (negative ones wrap round), move each pixel exactly:
+// the pixel whose centre lies (dx, dy) from the anchor lands where the turn takes that centre.
 TEST(TextStyle, TurnsMoveTheLineAboutItsAnchor) {
   Page flat = Canvas(300, 300);
   auto request = Request("Watermark", 150, 150);
