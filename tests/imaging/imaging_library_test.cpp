@@ -105,10 +105,11 @@ TEST_F(ImagingCalls, AllocateMakesBlankPagesOfEveryDepthAndRefusesBadOnes) {
 TEST_F(ImagingCalls, DrawingRunsOnTrueColourPagesMadeFromAnyDepth) {
   // Source file, whether to make it 1-bit first, the depth drawing leaves, and whether the page
   // is drawn on as it is, so that it gets the pixels of drawing straight on the file's bitmap.
-  for (const auto& [source, mono, bpp, as_is] : {std::tuple{"photo.jpg", false, 24u, true},
-                                                 {"photo.jpg", true, 24u, false},
-                                                 {"deep.png", false, 24u, false},
-                                                 {"alpha.png", false, 32u, true}}) {
+  const std::tuple<const char*, bool, unsigned, bool> kPages[] = {{"photo.jpg", false, 24, true},
+                                                                  {"photo.jpg", true, 24, false},
+                                                                  {"deep.png", false, 24, false},
+                                                                  {"alpha.png", false, 32, true}};
+  for (const auto& [source, mono, bpp, as_is] : kPages) {
     for (const auto& [through_library, straight] : kDrawing) {
       Handle page = Sample(source, 24, 16);
       if (mono) library.ConvertToMono(page, page, 2, 128, result);

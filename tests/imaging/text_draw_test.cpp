@@ -66,37 +66,29 @@ TEST(TextDraw, RefusedEmptyAndClippedText) {
 // columns). The underline is 150 units thick (2.34 pixels: 2 rows) and centred 142 units (2.22
 // pixels) under the baseline; the strikeout is as thick, centred 0.3 em (9.6 pixels) over it.
 TEST(TextDraw, InkLandsOnThePixelsTheFontMetricsGive) {
-  struct Row {
-    const char* text;
-    int points;
-    double points_per_pixel;
-    int horizontal, vertical;  // anchors: 3 left, 4 right, 1 top, 2 bottom, 0 centre
-    bool underline, strikeout;
-    std::tuple<int, int, int, int> box;  // left, top, right, bottom
-  };
+  // Text, points, points to the pixel, horizontal and vertical anchors (3 left, 4 right, 1 top, 2
+  // bottom, 0 centre), underline, strikeout, and the ink's left, top, right and bottom.
   // Anchored left and top at (40, 30) the baseline is row 59, and bars take rows from
   // round(centre - 1): 59 + 2.22 - 1 and 59 - 9.6 - 1. Anchored right and bottom at (250, 100) the
   // line starts at 250 - 23 and its baseline is 7 rows of descent above 100. Centred on (40, 30),
   // the line starts at 40 - round(11.55) and its baseline is 29 - 36 / 2 rows below 30. At 16
   // pixels (12 points at 0.75 points to the pixel, also when neither is given, or 24 points at
   // 1.5) the ascent is 14.48 pixels, 15 rows, and "H" 11.01 high, 12 rows, from 1.23 to 10.32.
-  for (const Row& row :
-       {Row{"H", 24, 0.75, 3, 1, false, false, {42, 36, 61, 59}},
-        Row{"H", 24, 0.75, 4, 2, false, false, {229, 70, 248, 93}},
-        Row{"H", 24, 0.75, 0, 0, false, false, {30, 18, 49, 41}},
-        Row{" ", 24, 0.75, 3, 1, true, false, {40, 60, 49, 62}},
-        Row{" ", 24, 0.75, 3, 1, false, true, {40, 48, 49, 50}},
-        Row{"H", 12, 0.75, 3, 1, false, false, {41, 33, 51, 45}}, Row{"H", 0, 0, 3, 1, false, false, {41, 33, 51, 45}},
-        Row{"H", 24, 1.5, 3, 1, false, false, {41, 33, 51, 45}}}) {
+  using Box = std::tuple<int, int, int, int>;
+  const std::tuple<const char*, int, double, int, int, bool, bool, Box> kRows[] = {
+      {"H", 24, 0.75, 3, 1, false, false, {42, 36, 61, 59}}, {"H", 24, 0.75, 4, 2, false, false, {229, 70, 248, 93}},
+      {"H", 24, 0.75, 0, 0, false, false, {30, 18, 49, 41}}, {" ", 24, 0.75, 3, 1, true, false, {40, 60, 49, 62}},
+      {" ", 24, 0.75, 3, 1, false, true, {40, 48, 49, 50}},  {"H", 12, 0.75, 3, 1, false, false, {41, 33, 51, 45}},
+      {"H", 0, 0, 3, 1, false, false, {41, 33, 51, 45}},     {"H", 24, 1.5, 3, 1, false, false, {41, 33, 51, 45}}};
+  for (const auto& [text, points, scale, horizontal, vertical, underline, strikeout, box] : kRows) {
     Page page = Canvas(300, 120);
-    auto request = Request(row.text, 40, 30, row.points);
-    request.points_per_pixel = row.points_per_pixel, request.right = 250, request.bottom = 100;
-    request.horizontal_anchor = row.horizontal, request.vertical_anchor = row.vertical;
-    request.underline = row.underline, request.strikeout = row.strikeout;
+    auto request = Request(text, 40, 30, points);
+    request.points_per_pixel = scale, request.right = 250, request.bottom = 100;
+    request.horizontal_anchor = horizontal, request.vertical_anchor = vertical;
+    request.underline = underline, request.strikeout = strikeout;
     ASSERT_TRUE(DrawText(page.get(), request));
-    EXPECT_EQ(Ink(page.get()).box(), row.box)
-        << row.points << " points at " << row.points_per_pixel << ", anchors " << row.horizontal << row.vertical
-        << ", bars " << row.underline << row.strikeout;
+    EXPECT_EQ(Ink(page.get()).box(), box) << points << " points at " << scale << ", anchors " << horizontal << vertical
+                                          << ", bars " << underline << strikeout;
   }
 }
 
