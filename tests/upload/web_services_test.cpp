@@ -11,9 +11,8 @@
 namespace velmora::testing {
 namespace {
 
-const std::string kLogin = "POST /accounts/ClientLogin ";
-const std::string kFeed = "GET /data/feed/api/user/alice 200 feed.xml\n";
-const std::string kPost = "POST /a/feed/222 ";
+const std::string kLogin = "POST /accounts/ClientLogin ", kFeed = "GET /data/feed/api/user/alice 200 feed.xml\n",
+                  kPost = "POST /a/feed/222 ";
 
 class WebServiceTest : public UploadTest {
  protected:
@@ -96,9 +95,9 @@ TEST_F(WebServiceTest, EachRefusalEndsTheUploadWithItsMessage) {
   AddWrittenFile("a.jpg", 500000);
   const std::string signed_in = kLogin + "200 signed-in.txt\n", feed = "GET /data/feed/api/user/alice ";
   const std::tuple<std::string, std::string, std::string> cases[] = {
-      // No line feed ends its address: the image comes from /accounts/, answered 300, and is not kept; cancelled.
+      // No line feed ends its address: the image comes from /accounts/ (answered 300, not kept); typed, then cancelled.
       {kLogin + "403 body.txt\nGET /accounts/ 300 body.txt\n", "Error=CaptchaRequired\nCaptchaUrl=Captcha?ctoken=x",
-       "Connecting...\ncaptcha \nstatus Failed"},
+       "Connecting...\ncaptcha \ncaptcha \nstatus Failed"},
       {kLogin + "403 body.txt\n", "Error=BadAuthentication\n",
        "message X Failed to login to Google Picasa. Check Username/Password and try again.\r\n\r\n403\r\n"
        "Error=BadAuthentication\n\nstatus Failed"},
@@ -110,13 +109,15 @@ TEST_F(WebServiceTest, EachRefusalEndsTheUploadWithItsMessage) {
        "\nalbums\nmessage i Please choose Google Picasa album\nstatus Failed"},
       {signed_in + kFeed + kPost + "close -\n", "",
        "\nmessage X Failed to upload photo to Google Picasa\r\n\r\n0\r\n"}};
+  view.captchas = {"typed"};
   for (const auto& [routes, body, message] : cases) {
-    view = RecordingUploadView();
+    view.shown.clear();
     Serve("body.txt", body), Serve("routes.txt", routes);
     upload::Button6Click(state, upload, view, hosts);
     EXPECT_TRUE(Has(view.shown, message));
     EXPECT_TRUE(view.shown.ends_with("\nstatus Failed\nfile \n")) << view.shown;
   }
+  EXPECT_TRUE(Body(Request(3)).ends_with("&accountType=HOSTED_OR_GOOGLE"));  // an answer without a token is not sent
 }
 
 // Checking as version 4.2: a number in angle brackets above 402 is news (the user takes the first
