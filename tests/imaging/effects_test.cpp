@@ -33,11 +33,10 @@ const std::pair<std::string, std::function<bool(FIBITMAP*)>> kEffects[] = {
     {"Sharpen", [](FIBITMAP* d) { return fx::Sharpen(d, false); }},
     {"Sharpen strong", [](FIBITMAP* d) { return fx::Sharpen(d, true); }}};
 
-// What every effect promises: it refuses what it cannot work on and leaves that untouched; it
-// keeps depth and alpha and gives the same bytes every time; blur, motion and sharpen are centred
-// and repeat the pixels at every edge alike, so a half turn before the effect or after it gives
-// the same; flat pages stay flat, and grey where the effect makes grey (relief shows no slope,
-// grayscale the colour's luma).
+// What every effect promises: it refuses what it cannot work on and leaves that untouched; it keeps
+// depth and alpha and gives the same bytes every time; blur, motion and sharpen treat every edge
+// alike (a half turn before or after is the same); flat pages stay flat, or grey where the effect
+// makes grey (relief shows no slope, grayscale the colour's luma).
 TEST(EffectsContract, EveryEffectKeepsItsPromises) {
   Page deep(FreeImage_AllocateT(FIT_RGB16, 12, 9));
   for (const auto& [name, run] : kEffects) {

@@ -213,62 +213,50 @@ TEST_F(ImagingFiles, BmpFilesWithNewerHeadersRead) {
   }
 }
 
-// What each format holds after a save from a page of `bpp` bits (48 is RGB16, 96 RGBF): the
-// page's own depth where the format takes it, else the nearest, and the pixel type.
-std::pair<unsigned, int> Nearest(int format, unsigned bpp) {
-  const bool deep = bpp == 48, floating = bpp == 96;
-  switch (format) {
-    case kFormatBmp: return {deep || floating ? 24u : bpp, FIT_BITMAP};
-    case kFormatJpeg: return {bpp <= 8 ? 8u : 24u, FIT_BITMAP};  // grey pages stay grey
-    case kFormatGif: return {8, FIT_BITMAP};                     // read back as 256-colour pages
-    case kFormatPng: return deep ? std::pair{48u, FIT_RGB16} : std::pair{floating || bpp == 16 ? 24u : bpp, FIT_BITMAP};
-    case kFormatTga: return {bpp < 8 ? 8u : deep || floating ? 24u : bpp, FIT_BITMAP};
-    case kFormatTiff:
-      return deep       ? std::pair{48u, FIT_RGB16}
-             : floating ? std::pair{96u, FIT_RGBF}
-                        : std::pair{bpp == 16 ? 24u : bpp, FIT_BITMAP};
-    default: return bpp == 32 ? std::pair{128u, FIT_RGBAF} : std::pair{96u, FIT_RGBF};  // EXR: RGBA with alpha
-  }
-}
-
-// The split save (encoding in memory, then writing) gives the same bytes as the plain one, and
-// the caller's page never changes.
+// What each format holds after a save from a page of 24, 32, 48 (RGB16), 96 (RGBF), 1, 4, 8 and
+// 16 bits: the page's own depth where the format takes it, else the nearest (JPEG keeps grey pages
+// grey, GIF reads back as 256 colours, EXR keeps alpha as RGBA floats of 128 bits). The split save
+// (encoding in memory, then writing) gives the same bytes as the plain one; the pages never change.
 TEST_F(ImagingFiles, EveryFormatFromEveryPageKindWritesTheNearestDepth) {
-  constexpr std::pair<int, FREE_IMAGE_FORMAT> kFormats[] = {
-      {kFormatBmp, FIF_BMP},   {kFormatJpeg, FIF_JPEG}, {kFormatGif, FIF_GIF}, {kFormatPng, FIF_PNG},
-      {kFormatTga, FIF_TARGA}, {kFormatTiff, FIF_TIFF}, {kFormatExr, FIF_EXR},
-  };
-  std::vector<Handle> pages;  // 24, 32, 48 and 96 bits, then 1, 4, 8 and 16
+  constexpr unsigned kDepths[] = {24, 32, 48, 96, 1, 4, 8, 16};
+  const std::tuple<int, FREE_IMAGE_FORMAT, std::array<unsigned, 8>> kNearest[] = {
+      {kFormatBmp, FIF_BMP, {24, 32, 24, 24, 1, 4, 8, 16}},    {kFormatJpeg, FIF_JPEG, {24, 24, 24, 24, 8, 8, 8, 24}},
+      {kFormatGif, FIF_GIF, {8, 8, 8, 8, 8, 8, 8, 8}},         {kFormatPng, FIF_PNG, {24, 32, 48, 24, 1, 4, 8, 24}},
+      {kFormatTga, FIF_TARGA, {24, 32, 24, 24, 8, 8, 8, 16}},  {kFormatTiff, FIF_TIFF, {24, 32, 48, 96, 1, 4, 8, 24}},
+      {kFormatExr, FIF_EXR, {96, 128, 96, 96, 96, 96, 96, 96}}};
+  std::vector<Handle> pages;
   for (const char* name : {"page.jpg", "alpha.png", "deep.png", "page.exr"}) pages.push_back(Sample(name, 37, 23));
   pages.resize(8);
   library.ConvertToMono(pages[0], pages[4], 2, 128, result);
   library.ConvertToIndexed4(pages[0], pages[5], 4, result);
   library.ConvertToIndexed8(pages[0], pages[6], 4, result);
   library.ConvertTo16Bits(pages[0], pages[7], true, result);
-  for (const Handle page : pages) {
-    const unsigned bpp = FactsOf(library, page).bpp;
-    for (const auto& [format, read_back] : kFormats) {
-      SCOPED_TRACE(::testing::Message() << bpp << " bits to format " << format);
-      const std::string path = folder.file(std::to_string(bpp) + "-" + std::to_string(format));
-      EXPECT_NE((library.FreeImage_Save(page, path, format, 0, -1, result), result), 0);
+  for (const auto& [format, read_back, nearest] : kNearest) {
+    for (std::size_t i = 0; i < pages.size(); ++i) {
+      SCOPED_TRACE(::testing::Message() << kDepths[i] << " bits to format " << format);
+      const std::string path = folder.file(std::to_string(i) + "-" + std::to_string(format));
+      EXPECT_NE((library.FreeImage_Save(pages[i], path, format, 0, -1, result), result), 0);
       const ImageFacts facts = ReadImageFacts(path);
-      EXPECT_EQ(std::tuple(facts.format, facts.width, facts.height), std::tuple(int(read_back), 37u, 23u));
-      EXPECT_EQ(std::pair(facts.bpp, facts.image_type), Nearest(format, bpp));
+      const int type = nearest[i] == 48    ? FIT_RGB16
+                       : nearest[i] == 96  ? FIT_RGBF
+                       : nearest[i] == 128 ? FIT_RGBAF
+                                           : FIT_BITMAP;
+      EXPECT_EQ(std::tuple(facts.format, facts.width, facts.height, facts.bpp, facts.image_type),
+                std::tuple(int(read_back), 37u, 23u, nearest[i], type));
       EncodedImage encoded;
-      library.EncodeImage(page, format, 0, encoded, result);
+      library.EncodeImage(pages[i], format, 0, encoded, result);
       library.WriteEncodedImage(encoded, path + ".split", result);
       EXPECT_TRUE(ReadWholeFile(path + ".split") == ReadWholeFile(path));
-      EXPECT_EQ(FactsOf(library, page).bpp, bpp);
     }
   }
+  for (std::size_t i = 0; i < pages.size(); ++i) EXPECT_EQ(FactsOf(library, pages[i]).bpp, kDepths[i]);
 }
 
 TEST_F(ImagingFiles, FlagsReachTheEncoderAndTheNumberDecidesTheFormat) {
   const Handle page = Sample("alpha.png", 37, 23);
-  // JPEG qualities, a fax compression that a colour page cannot take (a file all the same), a
-  // name of no format, JPEG 2000 of a page smaller than its wavelet levels take (the encoder
-  // fails after its first bytes), an unknown format number, and a folder that is not there. The
-  // split save, encoding and then writing, gives the same.
+  // JPEG qualities, a fax compression a colour page cannot take (a file all the same), a name of no
+  // format, JPEG 2000 of a page too small for its wavelet levels (the encoder fails after its first
+  // bytes), an unknown format number, a folder that is not there; the split save gives the same.
   const std::tuple<const char*, int, int, FREE_IMAGE_FORMAT> kSaves[] = {
       {"low.jpg", kFormatJpeg, 5, FIF_JPEG},        {"high.jpg", kFormatJpeg, 100, FIF_JPEG},
       {"fax.tif", kFormatTiff, 0x2000, FIF_TIFF},   {"preview.dat", kFormatPng, 0, FIF_PNG},

@@ -1,6 +1,5 @@
-// ImagingLibrary's handles and its failure rule (0 or unknown handles fail and stay as they
-// were), blank pages, and drawing on pages of any depth: effects, text, and watermark pictures
-// clipped, colour-keyed and blended.
+// ImagingLibrary's handles and failure rule (0 or unknown handles fail and stay), blank pages, and
+// drawing on pages of any depth: effects, text, and watermarks clipped, colour-keyed and blended.
 #include "imaging/effects/effects.h"
 #include "imaging/text/text_renderer.h"
 #include "tests/imaging/pages.h"
@@ -33,6 +32,7 @@ using ImagingCalls = LibraryTest;
 
 // One operation of each kind of page handling, and every drawing one.
 TEST_F(ImagingCalls, OperationsRefuseZeroAndUnknownHandlesAndLeaveThem) {
+  EncodedImage encoded;
   std::vector<InOut> operations = {
       [](auto& l, auto& h, auto& r) { l.FreeImage_Rescale(h, 10, 10, 2, r); },
       [](auto& l, auto& h, auto& r) { l.RotateFree(h, 30.0, -1.0, -1.0, 0, r); },
@@ -45,11 +45,8 @@ TEST_F(ImagingCalls, OperationsRefuseZeroAndUnknownHandlesAndLeaveThem) {
       [](auto& l, auto& h, auto& r) { l.CopyMetadata(h, h, r); },
       [&](auto& l, auto& h, auto& r) { l.FreeImage_Save(h, folder.file("x.png"), kFormatPng, 0, -1, r); },
       [&](auto& l, auto& h, auto& r) { l.AppendPageToFile(folder.file("x.tif"), h, -1, 0, -1, r); },
-      [&](auto& l, auto& h, auto& r) {
-        EncodedImage encoded;
-        l.EncodeImage(h, kFormatPng, 0, encoded, r);
-        l.WriteEncodedImage(encoded, folder.file("x.jpg"), r);  // nothing encoded, nothing written
-      },
+      [&](auto& l, auto& h, auto& r) { l.EncodeImage(h, kFormatPng, 0, encoded, r); },
+      [&](auto& l, auto&, auto& r) { l.WriteEncodedImage(encoded, folder.file("x.jpg"), r); },  // nothing encoded
   };
   for (const auto& drawing : kDrawing) operations.push_back(drawing.first);
   for (const Handle given : {Handle{0}, Handle{4242}}) {

@@ -1,6 +1,5 @@
-// Depth conversions and transforms on the page behind a handle: each conversion delivers the
-// depth it names from any page type, 16-bit layouts, the mono threshold, float pages kept or tone
-// mapped; nearest-neighbour rescaling copies pixels exactly; rotation, flips and adjustments.
+// Conversions to every depth from any page type, 16-bit layouts, the mono threshold, float pages
+// kept or tone mapped; nearest-neighbour rescaling; rotation, flips and adjustments.
 #include "tests/imaging/pages.h"
 
 namespace velmora::imaging {
@@ -151,9 +150,8 @@ TEST_F(ImagingPages, TurnsAndFlips) {
   library.RotateRightAngle(four, 90, result);
   library.RotateRightAngle(sixteen, 270, result);
   EXPECT_NE((library.RotateFree(mono, 30.0, -1.0, -1.0, 0, result), result), 0);
-  EXPECT_EQ(FactsOf(library, four), (PageFacts{20, 30, 8}));
-  EXPECT_EQ(FactsOf(library, sixteen), (PageFacts{20, 30, 24}));
-  EXPECT_EQ(FactsOf(library, mono).bpp, 8u);
+  EXPECT_EQ(std::tuple(FactsOf(library, four), FactsOf(library, sixteen), FactsOf(library, mono).bpp),
+            std::tuple(PageFacts{20, 30, 8}, PageFacts{20, 30, 24}, 8u));
   // Flips change the page in place, left-right (1) or top-bottom (2); so do the adjustments.
   Handle flipped = Grid(3, 2);
   library.FlipImage(flipped, 1, result);

@@ -71,8 +71,7 @@ inline std::vector<Rgba> Pixels(FIBITMAP* dib) {
 inline imaging::Handle LoadPage(imaging::ImagingLibrary& library, const std::string& path) {
   imaging::Handle page = 0;
   imaging::CallResult result = 0;
-  library.FreeImage_Load(path, page, -1, 0, result);
-  EXPECT_NE(result, 0) << path;
+  EXPECT_NE((library.FreeImage_Load(path, page, -1, 0, result), result), 0) << path;
   return page;
 }
 
@@ -97,12 +96,6 @@ inline std::vector<Rgba> Pixels(imaging::ImagingLibrary& library, imaging::Handl
   for (std::size_t i = 0; i + 3 < picture.rgba.size(); i += 4)
     all.push_back({picture.rgba[i], picture.rgba[i + 1], picture.rgba[i + 2], picture.rgba[i + 3]});
   return all;
-}
-
-inline Rgba PixelAt(imaging::ImagingLibrary& library, imaging::Handle page, int x, int y) {
-  std::uint32_t width = 0;
-  library.FreeImage_GetWidth(page, width);
-  return Pixels(library, page).at(std::size_t(y) * width + x);
 }
 
 // A library, a folder for its files and the result of the last call, with pages loaded from there.
@@ -138,6 +131,10 @@ inline PageFacts FactsOf(imaging::ImagingLibrary& library, imaging::Handle page)
   library.FreeImage_GetWidth(page, f.width), library.FreeImage_GetHeight(page, f.height);
   library.FreeImage_GetBPP(page, f.bpp);
   return f;
+}
+
+inline Rgba PixelAt(imaging::ImagingLibrary& library, imaging::Handle page, int x, int y) {
+  return Pixels(library, page).at(std::size_t(y) * FactsOf(library, page).width + x);
 }
 
 }  // namespace velmora::testing
