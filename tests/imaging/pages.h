@@ -1,6 +1,5 @@
-// Pages with known pixels for the imaging tests: built in memory (y counted from the top row),
-// or written to a lossless file and loaded through ImagingLibrary, and read back pixel by pixel.
-// It brings along what every imaging test file uses.
+// Pages with known pixels, built in memory (y counted from the top row) or loaded through
+// ImagingLibrary, and read back pixel by pixel; and what else every imaging test file uses.
 #pragma once
 
 #include <FreeImage.h>

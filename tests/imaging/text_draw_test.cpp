@@ -13,8 +13,7 @@ Page Canvas(int width, int height) {
   return MakeFlat(width, height, 24, {255, 255, 255});
 }
 
-// The program's usual fixed arguments, the given text and an Arial face, by default of 24 points:
-// Liberation Sans at 32 pixels.
+// The given text in an Arial face (Liberation Sans), by default of 24 points: 32 pixels.
 imaging::TextDrawRequest Request(const std::string& text, int left, int top, int points = 24) {
   return {.text = text, .top = top, .left = left, .face = "Arial", .size_points = points};
 }
@@ -25,7 +24,6 @@ struct InkBox {
   int left = 1 << 30, top = 1 << 30, right = 0, bottom = 0;
   long amount = 0;
   int width() const { return right - left; }
-  int height() const { return bottom - top; }
   auto box() const { return std::tuple(left, top, right, bottom); }
 };
 
@@ -59,21 +57,19 @@ TEST(TextDraw, RefusedEmptyAndClippedText) {
   EXPECT_EQ(std::pair(Ink(page.get()).left, Ink(page.get()).top), std::pair(0, 0));
 }
 
-// Liberation Sans has 2048 units to the em, 32 pixels at 24 points. Its ascent of 1854 units is
-// 28.97 pixels, 29 rows, its descent 434 units 7 rows. "H" stands 1409 units high (22.02 pixels: 23
-// rows) on the baseline, from 158 to 1321 units across (2.47 to 20.64 pixels) of its advance of 1479
-// (23.11 pixels). A bar runs the line's whole advance, a space's 569 units (8.89 pixels: 9
-// columns). The underline is 150 units thick (2.34 pixels: 2 rows) and centred 142 units (2.22
-// pixels) under the baseline; the strikeout is as thick, centred 0.3 em (9.6 pixels) over it.
+// Liberation Sans has 2048 units to the em, 32 pixels at 24 points: ascent 1854 (28.97 pixels, 29
+// rows), descent 434 (7 rows). "H" stands 1409 high (22.02 pixels, 23 rows) on the baseline, from
+// 158 to 1321 (2.47 to 20.64 pixels) of its advance of 1479 (23.11). Bars run the line's advance, a
+// space's 569 (8.89 pixels, 9 columns); the underline, 150 thick (2.34 pixels, 2 rows), is centred
+// 142 (2.22 pixels) under the baseline, the strikeout 0.3 em (9.6 pixels) over it.
 TEST(TextDraw, InkLandsOnThePixelsTheFontMetricsGive) {
-  // Text, points, points to the pixel, horizontal and vertical anchors (3 left, 4 right, 1 top, 2
-  // bottom, 0 centre), underline, strikeout, and the ink's left, top, right and bottom.
-  // Anchored left and top at (40, 30) the baseline is row 59, and bars take rows from
-  // round(centre - 1): 59 + 2.22 - 1 and 59 - 9.6 - 1. Anchored right and bottom at (250, 100) the
-  // line starts at 250 - 23 and its baseline is 7 rows of descent above 100. Centred on (40, 30),
-  // the line starts at 40 - round(11.55) and its baseline is 29 - 36 / 2 rows below 30. At 16
-  // pixels (12 points at 0.75 points to the pixel, also when neither is given, or 24 points at
-  // 1.5) the ascent is 14.48 pixels, 15 rows, and "H" 11.01 high, 12 rows, from 1.23 to 10.32.
+  // Text, points, points to the pixel, anchors (3 left, 4 right, 1 top, 2 bottom, 0 centre), bars,
+  // and the ink's left, top, right and bottom. At (40, 30) on the left and top the baseline is row
+  // 59; bars start at round(centre - 1): 59 + 2.22 - 1 and 59 - 9.6 - 1. At (250, 100) on the right
+  // and bottom the line starts at 250 - 23, its baseline 7 rows above 100. Centred on (40, 30) it
+  // starts at 40 - round(11.55), its baseline 29 - 36 / 2 rows below 30. At 16 pixels (12 points
+  // at 0.75 to the pixel, also when neither is given, or 24 at 1.5) the ascent is 14.48 (15 rows)
+  // and "H" 11.01 high (12 rows), from 1.23 to 10.32.
   using Box = std::tuple<int, int, int, int>;
   const std::tuple<const char*, int, double, int, int, bool, bool, Box> kRows[] = {
       {"H", 24, 0.75, 3, 1, false, false, {42, 36, 61, 59}}, {"H", 24, 0.75, 4, 2, false, false, {229, 70, 248, 93}},
@@ -121,9 +117,7 @@ TEST(TextDraw, InkIsTheRequestedColourCompositedOverThePage) {
 TEST(TextStyle, BoldThickensAndItalicLeans) {
   auto lean = [](FIBITMAP* page) {
     const InkBox ink = Ink(page);
-    auto first = [&](int y) {
-      return Ink(Page(FreeImage_Copy(page, 0, y, FreeImage_GetWidth(page), y + 1)).get()).left;
-    };
+    auto first = [&](int y) { return Ink(Page(FreeImage_Copy(page, 0, y, 100, y + 1)).get()).left; };
     return first(ink.top) - first(ink.bottom - 1);
   };
   for (const auto& [face, file, own] :
@@ -172,7 +166,7 @@ TEST(TextStyle, TurnsMoveTheLineAboutItsAnchor) {
   ASSERT_TRUE(DrawText(slanted.get(), request));
   const InkBox box = Ink(slanted.get());
   EXPECT_TRUE(box.left >= 148 && box.top < 70 && box.right > 230 && box.bottom <= 180) << box.left << "," << box.top;
-  EXPECT_NEAR(box.width(), box.height(), 30);
+  EXPECT_NEAR(box.width(), box.bottom - box.top, 30);
 }
 
 // Unknown faces fall back to the default one. Text is read as UTF-8, and a mark the face places
