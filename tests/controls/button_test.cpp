@@ -298,21 +298,14 @@ TEST_F(ButtonWidgetTest, DragAndDrop) {
   EXPECT_TRUE(drop.isAccepted());
   EXPECT_EQ(drop.dropAction(), Qt::MoveAction);
   EXPECT_EQ(seen, (QStringList{"over 3 5 0", "over 3 7 2", "drop 3 x"}));
-  // The drag side's data lists a promised format before it has data.
+  // The drag side's data lists a promised format before it has data, fills it once when asked, then reads it stored.
   int fills = 0;
-  DragData promised([&fills](DragData* d, const QString& format) {
-    ++fills;
-    d->setData(format, "late");
-  });
+  DragData promised([&fills](DragData* d, const QString& format) { d->setData(format, QByteArray::number(++fills)); });
   promised.promise("text/x-velmora");
   promised.promise("text/x-velmora");
-  EXPECT_TRUE(promised.hasFormat("text/x-velmora"));
-  EXPECT_FALSE(promised.hasFormat("text/plain"));
+  EXPECT_TRUE(promised.hasFormat("text/x-velmora") && !promised.hasFormat("text/plain"));
   EXPECT_EQ(promised.formats(), QStringList{"text/x-velmora"});
-  // Asked for, it is filled once and then read as stored.
-  EXPECT_EQ(promised.data("text/x-velmora"), "late");
-  EXPECT_EQ(promised.data("text/x-velmora"), "late");
-  EXPECT_EQ(fills, 1);
+  EXPECT_EQ(promised.data("text/x-velmora") + promised.data("text/x-velmora"), "11");
 }
 
 }  // namespace
