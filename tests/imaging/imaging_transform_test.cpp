@@ -36,8 +36,7 @@ TEST_F(ImagingPages, EveryConversionDeliversItsDepthFromEveryPageType) {
     const PageFacts before = FactsOf(library, source);
     for (const auto& [bpp, convert] : conversions) {
       Handle out = 0;
-      convert(library, source, out, result);
-      EXPECT_NE(result, 0) << before << " to " << bpp;
+      EXPECT_NE((convert(library, source, out, result), result), 0) << before << " to " << bpp;
       EXPECT_EQ(FactsOf(library, out), (PageFacts{21, 13, bpp})) << before;
       EXPECT_EQ(FactsOf(library, source), before);
     }

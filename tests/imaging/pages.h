@@ -105,9 +105,7 @@ class LibraryTest : public ::testing::Test {
   imaging::CallResult result = 0;
 
   imaging::Handle Load(const std::string& name) { return LoadPage(library, folder.file(name)); }
-  imaging::Handle Sample(const std::string& name, int width, int height) {
-    return LoadSample(library, folder.file(name), width, height);
-  }
+  imaging::Handle Sample(const std::string& name, int w, int h) { return LoadSample(library, folder.file(name), w, h); }
   // MakePage's page written as a PNG and loaded.
   imaging::Handle Pattern(const std::string& name, int width, int height, const std::function<Rgba(int, int)>& colour,
                           bool alpha = false) {
