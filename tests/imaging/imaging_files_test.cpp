@@ -97,7 +97,7 @@ TEST_F(ImagingFiles, FilesCountAndLoadEveryPageAndFilesCutShortNeverHang) {
   ASSERT_TRUE(samples::WriteFloatExr(folder.file("full.exr"), 40, 30));
   // A one-row EXR with one more attribute after the version, its one chunk's offset moved to match.
   // Names have at most 31 letters; after a longer one, an opaque attribute of no bytes is refused
-  // too (were the name cut at 31, the rest would read as a whole header).
+  // too (were the name cut at the limit, the rest would read as a whole header).
   ASSERT_TRUE(samples::WriteFloatExr(folder.file("row.exr"), 40, 1));
   const std::string exr = ReadWholeFile(folder.file("row.exr"));
   std::uint64_t table = 8, offset = 0;
@@ -256,7 +256,8 @@ TEST_F(ImagingFiles, FlagsReachTheEncoderAndTheNumberDecidesTheFormat) {
   const Handle page = Sample("alpha.png", 37, 23);
   // JPEG qualities, a fax compression a colour page cannot take (a file all the same), a name of no
   // format, JPEG 2000 of a page too small for its wavelet levels (the encoder fails after its first
-  // bytes), an unknown format number, a folder that is not there; the split save gives the same.
+  // bytes), an unknown format number, a folder that is not there. The split save gives the same, its
+  // encoding succeeding exactly when it gives bytes.
   const std::tuple<const char*, int, int, FREE_IMAGE_FORMAT> kSaves[] = {
       {"low.jpg", kFormatJpeg, 5, FIF_JPEG},        {"high.jpg", kFormatJpeg, 100, FIF_JPEG},
       {"fax.tif", kFormatTiff, 0x2000, FIF_TIFF},   {"preview.dat", kFormatPng, 0, FIF_PNG},
@@ -267,6 +268,7 @@ TEST_F(ImagingFiles, FlagsReachTheEncoderAndTheNumberDecidesTheFormat) {
     EXPECT_EQ(result != 0, written != FIF_UNKNOWN) << name;
     EncodedImage encoded;
     library.EncodeImage(page, format, flags, encoded, result);
+    EXPECT_EQ(result != 0, !encoded.bytes.empty()) << name;
     library.WriteEncodedImage(encoded, folder.file(name) + ".split", result);
     for (const char* suffix : {"", ".split"})
       EXPECT_EQ(ReadImageFacts(folder.file(name) + suffix).format, written) << name << suffix;

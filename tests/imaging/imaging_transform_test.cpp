@@ -100,19 +100,17 @@ TEST_F(ImagingPages, RescaleCopiesThePixelUnderEachCentreAtAnyDepth) {
   library.FreeImage_Rescale(down, 2, 2, 2, result);
   for (const auto& [x, y] : {std::pair{0, 0}, {1, 0}, {0, 1}, {1, 1}})
     EXPECT_EQ(PixelAt(library, down, x, y), Distinct(2 * x + 1, 2 * y + 1));
-  const bool stripes[] = {false, true, true, false, true, false, false, true, true};
-  Handle mono = Pattern("s.png", 9, 1, [&](int x, int) {
-    const int v = stripes[x] * 255;
-    return Rgba{v, v, v};
-  });
-  Handle four = 0;
+  const int stripes[] = {0, 255, 255, 0, 255, 0, 0, 255, 255};
+  Handle mono = Pattern("s.png", 9, 1, [&](int x, int) { return Rgba{stripes[x], stripes[x], stripes[x]}; });
+  Handle four = 0, eight = 0;
   library.ConvertToMono(mono, mono, 2, 128, result);
   library.ConvertToIndexed4(mono, four, 4, result);
-  for (const auto& [page, bpp] : {std::pair{mono, 1u}, {four, 4u}}) {
+  library.ConvertToIndexed8(mono, eight, 4, result);
+  for (const auto& [page, bpp] : {std::pair{mono, 1u}, {four, 4u}, {eight, 8u}}) {
     Handle resized = page;
     library.FreeImage_Rescale(resized, 18, 2, 2, result);
     EXPECT_EQ(FactsOf(library, resized), (PageFacts{18, 2, bpp}));
-    for (int x = 0; x < 18; ++x) EXPECT_EQ(PixelAt(library, resized, x, 1).r, stripes[x / 2] ? 255 : 0) << x;
+    for (int x = 0; x < 18; ++x) EXPECT_EQ(PixelAt(library, resized, x, 1).r, stripes[x / 2]) << x;
   }
   Handle deep = Sample("deep.png", 10, 10);
   library.FreeImage_Rescale(deep, 5, 20, 2, result);
