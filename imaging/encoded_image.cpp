@@ -6,6 +6,8 @@
 #include <cstring>
 
 #include "imaging/export_depth.h"
+#include "imaging/heif/heif_files.h"
+#include "imaging/imaging_library.h"
 
 namespace velmora::imaging {
 namespace {
@@ -61,17 +63,30 @@ bool EncodeOnce(FREE_IMAGE_FORMAT format, FIBITMAP* dib, int flags, std::vector<
   return true;
 }
 
+// Flags the encoder refuses are dropped rather than encoding nothing.
+bool EncodeWithFallback(FREE_IMAGE_FORMAT format, FIBITMAP* dib, int flags, std::vector<std::uint8_t>& bytes) {
+  return EncodeOnce(format, dib, flags, bytes) || (flags != 0 && EncodeOnce(format, dib, 0, bytes));
+}
+
 }  // namespace
 
-bool EncodeToMemory(FIBITMAP* dib, int format, int flags, std::vector<std::uint8_t>& bytes) {
+bool EncodeToMemory(FIBITMAP* dib, int format, int flags, std::vector<std::uint8_t>& bytes, bool keep_colour_profile) {
   bytes.clear();
+  if (format == kFormatAvif) return EncodeAvif(dib, flags, bytes);
   if (!dib || format < 0 || format >= FreeImage_GetFIFCount()) return false;
   const auto target = static_cast<FREE_IMAGE_FORMAT>(format);
   if (!FreeImage_FIFSupportsWriting(target)) return false;
   ExportPage page;
-  if (!PrepareForExport(dib, target, page)) return false;
-  if (EncodeOnce(target, page.dib, flags, bytes)) return true;
-  return flags != 0 && EncodeOnce(target, page.dib, 0, bytes);
+  if (!PrepareForExport(dib, target, page, keep_colour_profile)) return false;
+  if (EncodeWithFallback(target, page.dib, flags, bytes)) return true;
+  // A colour profile the encoder refuses (libpng checks it against the pixels) costs the profile,
+  // not the page.
+  const FIICCPROFILE* profile = FreeImage_GetICCProfile(page.dib);
+  if (!profile || profile->size <= 0) return false;
+  const Bitmap plain(FreeImage_Clone(page.dib));
+  if (!plain) return false;
+  FreeImage_DestroyICCProfile(plain.get());
+  return EncodeWithFallback(target, plain.get(), flags, bytes);
 }
 
 bool WriteBytesToFile(const std::vector<std::uint8_t>& bytes, const std::string& path) {

@@ -94,7 +94,7 @@ bool FormatTakesPage(FREE_IMAGE_FORMAT format, FIBITMAP* dib) {
   return type != FIT_BITMAP || TakesBitmapDepth(format, dib);
 }
 
-bool PrepareForExport(FIBITMAP* dib, FREE_IMAGE_FORMAT format, ExportPage& page) {
+bool PrepareForExport(FIBITMAP* dib, FREE_IMAGE_FORMAT format, ExportPage& page, bool keep_colour_profile) {
   page = ExportPage{};
   if (!dib) return false;
   if (FormatTakesPage(format, dib)) {
@@ -118,6 +118,9 @@ bool PrepareForExport(FIBITMAP* dib, FREE_IMAGE_FORMAT format, ExportPage& page)
     if (!work) return false;
   }
   FreeImage_CloneMetadata(work.get(), dib);
+  const FIICCPROFILE* profile = FreeImage_GetICCProfile(dib);
+  if (keep_colour_profile && profile->data && profile->size > 0)
+    FreeImage_CreateICCProfile(work.get(), profile->data, profile->size);
   page.converted = std::move(work);
   page.dib = page.converted.get();
   return true;

@@ -17,7 +17,8 @@ bool FormatTakesPage(FREE_IMAGE_FORMAT format, FIBITMAP* dib);
 
 // Fills `page` with what `format` can write: 32 to 24 bits for JPEG, a Wu quantisation to 8 bits
 // for GIF, float RGB(A) for EXR, 16-bit and float pages to 24/32 bits where the format wants that.
-// False when no conversion gives something the format takes.
-bool PrepareForExport(FIBITMAP* dib, FREE_IMAGE_FORMAT format, ExportPage& page);
+// False when no conversion gives something the format takes. A converted copy takes the page's
+// metadata, and its colour profile when `keep_colour_profile`.
+bool PrepareForExport(FIBITMAP* dib, FREE_IMAGE_FORMAT format, ExportPage& page, bool keep_colour_profile = false);
 
 }  // namespace velmora::imaging

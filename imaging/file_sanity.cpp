@@ -151,8 +151,7 @@ bool GifFramesFitScreen(const std::string& path) {
 }
 
 bool PixelCountIsPlausible(FIBITMAP* header) {
-  constexpr std::uint64_t kMostPixels = std::uint64_t{1} << 28;
-  return std::uint64_t{FreeImage_GetWidth(header)} * FreeImage_GetHeight(header) <= kMostPixels;
+  return std::uint64_t{FreeImage_GetWidth(header)} * FreeImage_GetHeight(header) <= kMostPlausiblePixels;
 }
 
 bool SafeToRead(FREE_IMAGE_FORMAT format, const std::string& path) {

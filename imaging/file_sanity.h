@@ -2,6 +2,7 @@
 // allocate without end: truncated ICO directories and OpenEXR headers, GIF frames off the screen.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "imaging/bitmap.h"
@@ -16,8 +17,11 @@ bool SafeToRead(FREE_IMAGE_FORMAT format, const std::string& path);
 // frames as shown (GIF_PLAYBACK) without writing outside the screen.
 bool GifFramesFitScreen(const std::string& path);
 
-// False for a page header claiming more pixels than this program would ever hold (2^28): such a
-// header is damage, and reading on would allocate gigabytes.
+// The most pixels a page may have. A header claiming more is damage, and reading on would
+// allocate gigabytes.
+inline constexpr std::uint64_t kMostPlausiblePixels = std::uint64_t{1} << 28;
+
+// False for a page header claiming more than kMostPlausiblePixels.
 bool PixelCountIsPlausible(FIBITMAP* header);
 
 }  // namespace velmora::imaging

@@ -8,8 +8,11 @@
 #include <system_error>
 
 #include "imaging/bmp_headers.h"
+#include "imaging/encoded_image.h"
 #include "imaging/export_depth.h"
 #include "imaging/file_sanity.h"
+#include "imaging/heif/heif_files.h"
+#include "imaging/imaging_library.h"
 
 namespace velmora::imaging {
 namespace {
@@ -89,6 +92,10 @@ bool IsMultipageFormat(FREE_IMAGE_FORMAT format) {
 Bitmap LoadImageFile(const std::string& path, int format, int flags) {
   if (!IsNonEmptyFile(path)) return nullptr;
   const FREE_IMAGE_FORMAT detected = DetectReadableFormat(path);
+  if (detected == FIF_UNKNOWN && IsHeifFile(path)) {
+    std::vector<Bitmap> first = LoadHeifPages(path, true);
+    return first.empty() ? nullptr : std::move(first.front());
+  }
   if (format >= 0) {
     const auto wanted = static_cast<FREE_IMAGE_FORMAT>(format);
     if (format < FreeImage_GetFIFCount() && FreeImage_FIFSupportsReading(wanted)) {
@@ -105,7 +112,7 @@ Bitmap LoadImageFile(const std::string& path, int format, int flags) {
 
 int CountImagePages(const std::string& path) {
   const FREE_IMAGE_FORMAT format = DetectReadableFormat(path);
-  if (format == FIF_UNKNOWN) return 0;
+  if (format == FIF_UNKNOWN) return IsNonEmptyFile(path) && IsHeifFile(path) ? CountHeifPages(path) : 0;
   // The first image must read: a multipage header alone may promise pages that are not there.
   // Where the format allows, its header is enough.
   const int flags = FreeImage_FIFSupportsNoPixels(format) ? FIF_LOAD_NOPIXELS : 0;
@@ -118,7 +125,10 @@ int CountImagePages(const std::string& path) {
 std::vector<Bitmap> LoadImagePages(const std::string& path) {
   std::vector<Bitmap> pages;
   const FREE_IMAGE_FORMAT format = DetectReadableFormat(path);
-  if (format == FIF_UNKNOWN) return pages;
+  if (format == FIF_UNKNOWN) {
+    if (IsNonEmptyFile(path) && IsHeifFile(path)) pages = LoadHeifPages(path, false);
+    return pages;
+  }
   if (!IsMultipageFormat(format)) {
     if (Bitmap single = Read(format, path, 0)) pages.push_back(std::move(single));
     return pages;
@@ -138,6 +148,10 @@ std::vector<Bitmap> LoadImagePages(const std::string& path) {
 
 bool SaveImageFile(FIBITMAP* dib, const std::string& path, int format, int flags) {
   if (!dib || path.empty()) return false;
+  if (format == kFormatAvif) {
+    std::vector<std::uint8_t> bytes;
+    return EncodeToMemory(dib, format, flags, bytes) && WriteBytesToFile(bytes, path);
+  }
   const FREE_IMAGE_FORMAT target =
       format >= 0 ? static_cast<FREE_IMAGE_FORMAT>(format) : FreeImage_GetFIFFromFilename(path.c_str());
   if (target < 0 || target >= FreeImage_GetFIFCount() || !FreeImage_FIFSupportsWriting(target)) return false;

@@ -103,6 +103,17 @@ void ImagingLibrary::CopyMetadata(Handle source, Handle destination, CallResult&
   });
 }
 
+void ImagingLibrary::CopyColourProfile(Handle source, Handle destination, CallResult& result) {
+  Report(result, [&] {
+    FIBITMAP* from = state_->images.Find(source);
+    FIBITMAP* to = state_->images.Find(destination);
+    if (!from || !to) return false;
+    const FIICCPROFILE* profile = FreeImage_GetICCProfile(from);
+    if (from == to || !profile || !profile->data || profile->size <= 0) return true;
+    return FreeImage_CreateICCProfile(to, profile->data, profile->size) != nullptr;
+  });
+}
+
 void ImagingLibrary::MakeDisplayPicture(Handle image, DisplayPicture& picture, CallResult& result) {
   Report(result, [&] {
     FIBITMAP* dib = state_->images.Find(image);

@@ -25,7 +25,12 @@ enum FormatNumber : int {
   kFormatTiff = 18,
   kFormatGif = 25,
   kFormatExr = 29,
+  kFormatWebp = 35,
+  kFormatAvif = 1000,  // written through libheif; no FreeImage number
 };
+
+// AVIF save flags: the quality (1-100) in the low byte, and this bit for 10 bits per channel.
+inline constexpr int kAvifTenBitsFlag = 0x400;
 
 // A picture a window can show: 8-bit RGBA rows, top row first, no padding.
 struct DisplayPicture {
@@ -82,6 +87,8 @@ class ImagingLibrary {
   // the page encoded (after the same depth conversion) into memory, and those bytes written to
   // `path`. Nothing is written when the bytes are empty.
   void EncodeImage(Handle image, int format, int flags, EncodedImage& encoded, CallResult& result);
+  // Whether encoding keeps a page's colour profile through the conversion its format needs.
+  void KeepColourProfiles(bool keep);
   void WriteEncodedImage(const EncodedImage& encoded, const std::string& path, CallResult& result);
 
   // Queries; a 0 or unknown handle gives 0.
@@ -94,6 +101,11 @@ class ImagingLibrary {
                           std::uint32_t red_mask, std::uint32_t green_mask, std::uint32_t blue_mask,
                           CallResult& result);
   void CopyMetadata(Handle source, Handle destination, CallResult& result);
+  // Gives the destination the source's ICC colour profile; a source without one changes nothing.
+  void CopyColourProfile(Handle source, Handle destination, CallResult& result);
+  // Turns and mirrors the page as its camera orientation (EXIF) asks, and records it as upright.
+  // A page with no orientation, or orientation 1, stays as it is.
+  void TurnUpright(Handle image, CallResult& result);
   void MakeDisplayPicture(Handle image, DisplayPicture& picture, CallResult& result);
 
   // Depth conversions: `out` receives the converted image (it may be the same variable as `image`).

@@ -9,8 +9,12 @@ void ImagingLibrary::EncodeImage(Handle image, int format, int flags, EncodedIma
   Report(result, [&] {
     FIBITMAP* dib = state_->images.Find(image);
     encoded.bytes.clear();
-    return dib && EncodeToMemory(dib, format, flags, encoded.bytes);
+    return dib && EncodeToMemory(dib, format, flags, encoded.bytes, state_->keep_colour_profiles);
   });
+}
+
+void ImagingLibrary::KeepColourProfiles(bool keep) {
+  state_->keep_colour_profiles = keep;
 }
 
 void ImagingLibrary::WriteEncodedImage(const EncodedImage& encoded, const std::string& path, CallResult& result) {

@@ -1,5 +1,6 @@
 // ImagingLibrary's transforms: rescaling, rotation, flips and the tone adjustments, all on the
 // page behind an in/out handle.
+#include "imaging/exif_block.h"
 #include "imaging/imaging_library.h"
 #include "imaging/library_state.h"
 #include "imaging/nearest_rescale.h"
@@ -63,6 +64,16 @@ void ImagingLibrary::FlipImage(Handle& image, std::int32_t mode, CallResult& res
   }
   ChangeInPlace(state_->images, image, result, [mode](FIBITMAP* dib) {
     return mode == kFlipLeftRight ? FreeImage_FlipHorizontal(dib) : FreeImage_FlipVertical(dib);
+  });
+}
+
+void ImagingLibrary::TurnUpright(Handle image, CallResult& result) {
+  Report(result, [&] {
+    FIBITMAP* dib = state_->images.Find(image);
+    if (!dib) return false;
+    if (CameraOrientation(dib) == 1) return true;
+    Bitmap page(FreeImage_Clone(dib));
+    return page && imaging::TurnUpright(page) && state_->images.Replace(image, std::move(page));
   });
 }
 

@@ -15,6 +15,8 @@ struct ImagingLibrary::State {
   HandleTable images;
   // Goes before the images (members go in reverse order) and writes any open file as it goes.
   MultipageWriter appender;
+  // Set for a run that keeps colour profiles: encoding then carries them through conversions.
+  bool keep_colour_profiles = false;
 };
 
 constexpr CallResult kSucceeded = -1;
