@@ -30,6 +30,9 @@ struct Settings {
   VBool UseProxy = kFalse;                  // 15
   std::string FtpPort;                      // 16
   VBool FtpSecure = kFalse;                 // 17
+  // Keys added after the first file format; absent, they read as off.
+  VBool RotateByCameraOrientation = kFalse;  // 18: turn photos upright by their EXIF orientation
+  VBool KeepColourProfiles = kFalse;         // 19: the source's ICC profile goes into the output
 
   bool operator==(const Settings&) const = default;
 };

@@ -10,10 +10,20 @@ using imaging::CallResult;
 using imaging::Handle;
 using imaging::ImagingLibrary;
 
-enum Format : std::int16_t { kBmp = 0, kJpeg = 1, kGif = 2, kPng = 3, kTga = 4, kTiff = 5, kExr = 6 };
+enum Format : std::int16_t {
+  kBmp = 0,
+  kJpeg = 1,
+  kGif = 2,
+  kPng = 3,
+  kTga = 4,
+  kTiff = 5,
+  kExr = 6,
+  kWebp = 7,
+  kAvif = 8
+};
 
 // One entry of a format's depth list.
-enum class Depth { k32, k24, k16_555, k16_565, kIndexed8, kIndexed4, kMono, kCmyk };
+enum class Depth { k32, k24, k16_555, k16_565, kIndexed8, kIndexed4, kMono, kCmyk, kTenBits };
 
 const std::array<Depth, 7> kBmpDepths{Depth::k32,       Depth::k24,       Depth::k16_555, Depth::k16_565,
                                       Depth::kIndexed8, Depth::kIndexed4, Depth::kMono};
@@ -22,6 +32,8 @@ const std::array<Depth, 5> kPngDepths{Depth::k32, Depth::k24, Depth::kIndexed8, 
 const std::array<Depth, 5> kTgaDepths{Depth::k32, Depth::k24, Depth::k16_555, Depth::k16_565, Depth::kIndexed8};
 const std::array<Depth, 6> kTiffDepths{Depth::k32,       Depth::k24,   Depth::kIndexed8,
                                        Depth::kIndexed4, Depth::kMono, Depth::kCmyk};
+const std::array<Depth, 2> kWebpDepths{Depth::k32, Depth::k24};
+const std::array<Depth, 3> kAvifDepths{Depth::k32, Depth::k24, Depth::kTenBits};
 
 template <std::size_t N>
 bool Pick(const std::array<Depth, N>& list, std::int16_t index, Depth& depth) {
@@ -37,12 +49,22 @@ bool DepthFor(const OutputChoices& output, Depth& depth) {
     case kPng: return Pick(kPngDepths, output.ColorDepth, depth);
     case kTga: return Pick(kTgaDepths, output.ColorDepth, depth);
     case kTiff: return Pick(kTiffDepths, output.ColorDepth, depth);
+    case kWebp: return Pick(kWebpDepths, output.ColorDepth, depth);
+    case kAvif: return Pick(kAvifDepths, output.ColorDepth, depth);
     default: return false;  // GIF and EXR have no list
   }
 }
 
 // TIFF compression list: the back end's TIFF save flags; the eighth row ("JPEG") adds nothing.
 constexpr std::array<std::int32_t, 8> kTiffCompressionFlags{0x0800, 0x0100, 0x0200, 0x0400, 0x1000, 0x2000, 0x4000, 0};
+// WebP's second compression row asks the back end's writer for lossless coding.
+constexpr std::int32_t kWebpLossless = 0x100;
+
+// JPEG, WebP and AVIF take the quality as the flags; 0 would mean the writer's default, so it
+// goes out as 1.
+std::int32_t QualityFlags(const OutputChoices& output) {
+  return output.Quality == 0 ? 1 : output.Quality;
+}
 
 }  // namespace
 
@@ -55,6 +77,8 @@ OutputTarget OutputTargetFor(std::int16_t output_format) {
     case kTga: return {"tga", imaging::kFormatTga};
     case kTiff: return {"tif", imaging::kFormatTiff};
     case kExr: return {"exr", imaging::kFormatExr};
+    case kWebp: return {"webp", imaging::kFormatWebp};
+    case kAvif: return {"avif", imaging::kFormatAvif};
     default: return {};
   }
 }
@@ -71,13 +95,16 @@ void ConvertDepth(ImagingLibrary& lib, Handle& page, const OutputChoices& output
     case Depth::kIndexed8: lib.ConvertToIndexed8(page, page, 4, result); break;
     case Depth::kIndexed4: lib.ConvertToIndexed4(page, page, 4, result); break;
     case Depth::kMono: lib.ConvertToMono(page, page, 2, 128, result); break;
-    case Depth::kCmyk: break;  // no conversion; the flags ask the TIFF writer for CMYK
+    case Depth::kCmyk: break;     // no conversion; the flags ask the TIFF writer for CMYK
+    case Depth::kTenBits: break;  // the AVIF writer takes any depth; the flags ask for 10 bits
   }
 }
 
 std::int32_t NextSaveFlags(std::int32_t flags, const OutputChoices& output) {
   switch (output.OutputFormat) {
-    case kJpeg: return output.Quality == 0 ? 1 : output.Quality;
+    case kJpeg: return QualityFlags(output);
+    case kWebp: return QualityFlags(output) | (output.CompressionIndex == 1 ? kWebpLossless : 0);
+    case kAvif: return QualityFlags(output) | (output.ColorDepth == 2 ? imaging::kAvifTenBitsFlag : 0);
     case kGif: return 0;
     case kTiff: {
       if (output.ColorDepth == 5) flags = 1;  // CMYK

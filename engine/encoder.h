@@ -15,7 +15,8 @@ struct OutputTarget {
   int OutputFormatNumber = 0;   // the back end's format number; 0 for an unknown format
 };
 
-// The extension and format number of `OutputFormat` (0 BMP ... 6 EXR); above 6 gives "" and 0.
+// The extension and format number of `OutputFormat` (0 BMP ... 6 EXR, 7 WebP, 8 AVIF); any other
+// value gives "" and 0.
 OutputTarget OutputTargetFor(std::int16_t output_format);
 
 // Converts `page` in place to the depth that `ColorDepth` names for this format. An index outside

@@ -32,7 +32,10 @@ std::unique_ptr<SourceQueue> MakeSourceQueue(RunContext& run, const std::vector<
                  run.state.font,
                  run.job.preview,
                  run.job.preview_frame_width,
-                 run.job.preview_frame_height};
+                 run.job.preview_frame_height,
+                 false,
+                 run.job.upright,
+                 run.job.keep_colour_profile};
   return std::make_unique<WorkerProcesses>(spec, run.job.carries_page_state, rows, jobs, limits);
 }
 

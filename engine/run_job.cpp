@@ -33,6 +33,9 @@ RunJob MakeRunJob(const AppState& state, imaging::ImagingLibrary& lib) {
   job.target = OutputTargetFor(state.output.OutputFormat);
   job.SaveFlags = NextSaveFlags(0, state.output);
   job.preview = state.preview.PreviewMode != kFalse;
+  job.upright = state.settings.RotateByCameraOrientation != kFalse;
+  job.keep_colour_profile = state.settings.KeepColourProfiles != kFalse;
+  lib.KeepColourProfiles(job.keep_colour_profile);
   job.preview_file = state.AppDataFolder + "/Temp/preview.dat";
   job.carries_page_state = CarriesPageState(state.blocks);
 

@@ -20,6 +20,10 @@ struct RunJob {
   // NextSaveFlags, which gives the same value again once applied: one value serves all pages.
   std::int32_t SaveFlags = 0;
   bool preview = false;
+  // Photos are turned upright by their camera orientation as they are read.
+  bool upright = false;
+  // The source's colour profile travels with the page into the output.
+  bool keep_colour_profile = false;
   std::string preview_file;  // AppDataFolder + "/Temp/preview.dat"
   // The inner size of the preview frame the page is fitted to.
   int preview_frame_width = 0, preview_frame_height = 0;

@@ -12,11 +12,12 @@
 
 namespace velmora::engine {
 
-// The file types the image library reads, as the "All image files" choice lists them.
+// The file types the image library reads, as the "All image files" choice lists them. Photo
+// formats of later years come last, so that older folders scan in the same order as before.
 inline constexpr const char* kAllImageFilePatterns =
     "*.bmp;*.cut;*.dds;*.exr;*.fax;*.gif;*.hdr;*.ico;*.iff;*.jbig;*.jng;*.jpg;*.jif;*.jpeg;*.koa;*.pcd;"
     "*.mng;*.pcx;*.pbm;*.pgm;*.ppm;*.pfm;*.png;*.pict;*.pic;*.pct;*.psd;*.raw;*.ras;*.sgi;*.tga;*.tif;"
-    "*.tiff;*.wbmp;*.xbm;*.xpm;*.dib;*.wmf;*.emf";
+    "*.tiff;*.wbmp;*.xbm;*.xpm;*.dib;*.wmf;*.emf;*.heic;*.heif;*.avif;*.webp";
 
 // A scan stores names at indices below this; from here on the elements it adds stay empty.
 inline constexpr std::size_t kScanNameLimit = 60000;

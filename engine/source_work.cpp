@@ -19,7 +19,7 @@ const char* KindName(std::int16_t kind) {
   return kind >= 0 && kind <= 6 ? kNames[kind] : "Unknown";
 }
 
-std::vector<Handle> LoadPages(imaging::ImagingLibrary& lib, const std::string& path, bool first_only) {
+std::vector<Handle> LoadPages(imaging::ImagingLibrary& lib, const std::string& path, bool first_only, bool upright) {
   std::vector<Handle> pages;
   std::int32_t count = first_only ? 1 : 0, unused = 0;
   CallResult result = 0;
@@ -33,19 +33,23 @@ std::vector<Handle> LoadPages(imaging::ImagingLibrary& lib, const std::string& p
   // A source that can't be read still goes through the page steps with an empty handle: every
   // operation and the save fail quietly, and its name is still recorded.
   if (pages.empty()) pages.assign(1, 0);
+  if (upright) {
+    for (const Handle page : pages) lib.TurnUpright(page, result);
+  }
   return pages;
 }
 
 // The operations may replace the page, so its metadata waits in a blank image of the page's depth.
 // Only what travels beside the pixels (tags and resolution) is ever read back from it, so one
 // pixel does: a blank of the page's full size would cost a large cleared buffer on every page.
-Handle KeepMetadataAside(imaging::ImagingLibrary& lib, Handle page) {
+Handle KeepMetadataAside(imaging::ImagingLibrary& lib, Handle page, bool colour_profile) {
   std::uint32_t bpp = 0;
   lib.FreeImage_GetBPP(page, bpp);
   Handle holder = 0;
   CallResult result = 0;
   lib.FreeImage_Allocate(holder, 1, 1, static_cast<std::int32_t>(bpp), 0, 0, 0, result);
   lib.CopyMetadata(page, holder, result);
+  if (colour_profile) lib.CopyColourProfile(page, holder, result);
   return holder;
 }
 
@@ -102,7 +106,8 @@ FinishedSource TransformRow(const RunJob& job, imaging::ImagingLibrary& lib, con
   }
 }
 
-FinishedSource PictureOfSource(imaging::ImagingLibrary& lib, const std::string& path, int box_width, int box_height) {
+FinishedSource PictureOfSource(imaging::ImagingLibrary& lib, const std::string& path, int box_width, int box_height,
+                               bool upright) {
   FinishedSource finished;
   finished.pages.assign(1, FinishedPage{});
   Handle image = 0;
@@ -110,6 +115,7 @@ FinishedSource PictureOfSource(imaging::ImagingLibrary& lib, const std::string& 
   lib.FreeImage_Load(path, image, imaging::kFormatUnknown, 0, result);
   if (result == 0) return finished;
   finished.pages[0].readable = true;
+  if (upright) lib.TurnUpright(image, result);
   finished.picture_ok = FittedPicture(lib, image, FitSourceBox, box_width, box_height, finished.picture);
   lib.Release(image);
   return finished;
@@ -125,18 +131,19 @@ FinishedSource UnreadableSource(const std::string& failure) {
 FinishedSource TransformSource(const RunJob& job, imaging::ImagingLibrary& lib, const std::string& path,
                                std::int64_t row, ChainState& chain) {
   FinishedSource finished;
-  std::vector<Handle> pages = LoadPages(lib, path, job.preview);
+  std::vector<Handle> pages = LoadPages(lib, path, job.preview, job.upright);
   if (pages.size() == 1 && pages[0] == 0) finished.failures.push_back("cannot read " + path);
   const bool multipage_file = pages.size() > 1 && WritesMultipageFile(job.output);
   std::vector<Handle> kept;  // for the multipage file or the preview
 
   for (std::size_t p = 0; p < pages.size(); ++p) {
     Handle& page = pages[p];
-    const Handle holder = KeepMetadataAside(lib, page);
+    const Handle holder = KeepMetadataAside(lib, page, job.keep_colour_profile);
     RunChain(job, lib, page, chain, path, static_cast<int>(p), finished.failures);
     ConvertDepth(lib, page, job.output);
     CallResult result = 0;
     lib.CopyMetadata(holder, page, result);
+    if (job.keep_colour_profile) lib.CopyColourProfile(holder, page, result);
     lib.Release(holder);
 
     FinishedPage done;

@@ -44,9 +44,11 @@ FinishedSource TransformSource(const RunJob& job, imaging::ImagingLibrary& lib, 
 FinishedSource TransformRow(const RunJob& job, imaging::ImagingLibrary& lib, const std::string& path, std::size_t row,
                             std::optional<ChainState>* carried);
 
-// The source as the preview's source box shows it: its first image read by content and fitted to
-// a box of `box_width` by `box_height` (`picture_ok` false when it can't be read).
-FinishedSource PictureOfSource(imaging::ImagingLibrary& lib, const std::string& path, int box_width, int box_height);
+// The source as the preview's source box shows it: its first image read by content, turned
+// upright when `upright` and it records a camera orientation, and fitted to a box of `box_width`
+// by `box_height` (`picture_ok` false when it can't be read).
+FinishedSource PictureOfSource(imaging::ImagingLibrary& lib, const std::string& path, int box_width, int box_height,
+                               bool upright);
 
 // The finished source of a row whose work came to nothing: one empty page and `failure`.
 FinishedSource UnreadableSource(const std::string& failure);

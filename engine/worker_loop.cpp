@@ -18,6 +18,8 @@ int RunWorkerLoop(int in, int out) {
   state.output = spec.output;
   state.font = spec.font;
   state.preview.PreviewMode = spec.preview ? kTrue : kFalse;
+  state.settings.RotateByCameraOrientation = spec.upright ? kTrue : kFalse;
+  state.settings.KeepColourProfiles = spec.keep_colour_profile ? kTrue : kFalse;
 
   imaging::ImagingLibrary lib;
   RunJob job = MakeRunJob(state, lib);
@@ -32,7 +34,7 @@ int RunWorkerLoop(int in, int out) {
     if (!DecodeWorkerRow(message, request)) return 2;
     const FinishedSource finished =
         spec.source_picture
-            ? PictureOfSource(lib, request.path, spec.frame_width, spec.frame_height)
+            ? PictureOfSource(lib, request.path, spec.frame_width, spec.frame_height, spec.upright)
             : TransformRow(job, lib, request.path, request.row, job.carries_page_state ? &carried : nullptr);
     if (!SendMessage(out, EncodeFinishedSource(finished))) return 2;
   }

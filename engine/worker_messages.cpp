@@ -44,7 +44,8 @@ std::string EncodeWorkerJob(const WorkerJob& job) {
   for (std::int32_t b = 0; b < job.blocks.UpperBound(); ++b) VisitBlock(out, job.blocks[b]);
   VisitOutput(out, job.output);
   VisitFont(out, job.font);
-  out(job.preview), out(job.frame_width), out(job.frame_height), out(job.source_picture);
+  out(job.preview), out(job.frame_width), out(job.frame_height), out(job.source_picture), out(job.upright),
+      out(job.keep_colour_profile);
   return out.bytes();
 }
 
@@ -61,7 +62,8 @@ bool DecodeWorkerJob(std::string_view bytes, WorkerJob& job) {
   }
   VisitOutput(in, job.output);
   VisitFont(in, job.font);
-  in(job.preview), in(job.frame_width), in(job.frame_height), in(job.source_picture);
+  in(job.preview), in(job.frame_width), in(job.frame_height), in(job.source_picture), in(job.upright),
+      in(job.keep_colour_profile);
   return Finished(in);
 }
 

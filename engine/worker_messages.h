@@ -21,6 +21,8 @@ struct WorkerJob {
   // Instead of the chain: each source only read and fitted to the frame, as the preview's
   // source box shows it.
   bool source_picture = false;
+  bool upright = false;  // photos turned upright by their camera orientation
+  bool keep_colour_profile = false;
 };
 
 struct WorkerRow {

@@ -19,18 +19,19 @@ void CentreInBox(int w, int h, int bw, int bh, int& top, int& left) {
 namespace {
 
 // The source box: the source read here, or in a worker process when there is a worker program.
-void ShowSourceBox(const std::string& path, PreviewView& view, const engine::WorkerLimits& workers) {
+void ShowSourceBox(const std::string& path, bool upright, PreviewView& view, const engine::WorkerLimits& workers) {
   int box_width = 0, box_height = 0;
   view.OriginalFrameSize(box_width, box_height);
   engine::FinishedSource source;
   if (workers.program.empty()) {
     imaging::ImagingLibrary lib;
-    source = engine::PictureOfSource(lib, path, box_width, box_height);
+    source = engine::PictureOfSource(lib, path, box_width, box_height, upright);
   } else {
     engine::WorkerJob job;
     job.preview = job.source_picture = true;
     job.frame_width = box_width;
     job.frame_height = box_height;
+    job.upright = upright;
     const std::vector<std::string> rows{path};
     source = engine::WorkerProcesses(job, false, rows, 1, workers).Take(0, [] {});
   }
@@ -55,7 +56,8 @@ void PreviewNow2(engine::AppState& state, const engine::SourceList& sources, Pre
     view.ClearBoth();
     return;
   }
-  ShowSourceBox(sources.rows[static_cast<std::size_t>(sources.selected)], view, workers);
+  ShowSourceBox(sources.rows[static_cast<std::size_t>(sources.selected)],
+                state.settings.RotateByCameraOrientation != engine::kFalse, view, workers);
   state.preview.PreviewMode = engine::kTrue;
   engine::GoProcess2(state, sources, view, engine::RunOptions{0, workers});
   state.preview.PreviewMode = engine::kFalse;

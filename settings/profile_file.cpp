@@ -24,6 +24,8 @@ std::string UpdateCaption(const engine::AppState& state) {
 void LoadProfile(engine::AppState& state, const std::string& path, const CaptionSink& caption) {
   const IniDocument document = LoadIniDocument(path);
 
+  // A profile written before a key existed reads that key as off, not as the previous profile's.
+  state.settings.RotateByCameraOrientation = state.settings.KeepColourProfiles = engine::kFalse;
   SectionReader settings(document, kSettingsSection);
   VisitSettingsKeys(settings, state.settings);
   SectionReader profile(document, kProfileSection);
@@ -72,6 +74,7 @@ void NewProfile(engine::AppState& state, const CaptionSink& caption) {
   state.output.ColorDepth = 0;
   state.settings.IfOutputFileExists = 1;
   state.settings.AlwaysCreateOutputFolder = engine::kTrue;
+  state.settings.RotateByCameraOrientation = state.settings.KeepColourProfiles = engine::kTrue;
   state.blocks = engine::Blocks();
   Announce(state, caption);
 }

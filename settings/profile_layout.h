@@ -30,6 +30,8 @@ void VisitSettingsKeys(Io& io, SettingsT& s) {
   io.Boolean("15", s.UseProxy);
   io.String("16", s.FtpPort);
   io.Boolean("17", s.FtpSecure);
+  io.Boolean("18", s.RotateByCameraOrientation);
+  io.Boolean("19", s.KeepColourProfiles);
 }
 
 template <typename Io, typename OutputChoicesT>  // engine::OutputChoices, const or not

@@ -50,6 +50,17 @@ void Branch(const std::string& name, FormatForm& f) {
     f.compression_shown = f.compression_moved_up = true;
     f.CompressionCombo1.items = {"None", "ZIP", "PIZ", "PXR24", "B44", "LC"};
     f.CompressionCombo1.index = 1;
+  } else if (name == "WEBP") {
+    f.depth_row = f.quality_row = f.compression_shown = true;
+    f.ColorDepthCombo1.items = {"32 (True color)", "24 (True color)"};
+    f.CompressionCombo1.items = {"Lossy", "Lossless"};
+    f.ColorDepthCombo1.index = f.CompressionCombo1.index = 0;
+    f.SetQuality(75);
+  } else if (name == "AVIF") {
+    f.depth_row = f.quality_row = true;
+    f.ColorDepthCombo1.items = {"32 (True color)", "24 (True color)", "30 (10 bits per channel)"};
+    f.ColorDepthCombo1.index = 0;
+    f.SetQuality(75);
   }
 }
 

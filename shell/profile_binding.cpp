@@ -112,7 +112,7 @@ void SetControlsFrom(const Block& block, PanelControls& c, engine::PreviewFlags&
 }  // namespace
 
 const std::vector<std::string>& OutputFormatNames() {
-  static const std::vector<std::string> names{"BMP", "JPEG", "GIF", "PNG", "TGA", "TIFF", "EXR"};
+  static const std::vector<std::string> names{"BMP", "JPEG", "GIF", "PNG", "TGA", "TIFF", "EXR", "WEBP", "AVIF"};
   return names;
 }
 

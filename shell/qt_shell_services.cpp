@@ -66,7 +66,7 @@ std::string QtShellServices::ChooseProfile(QWidget* owner, const std::string& fo
 
 std::string QtShellServices::ChooseWatermarkImage(QWidget* owner) {
   std::vector<std::pair<std::string, std::string>> filters{
-      {"All Image Files", "*.jpg;*.jpeg;*.gif;*.png;*.tif;*.tiff;*.bmp;*.dib;*.wmf;*.emf"}};
+      {"All Image Files", "*.jpg;*.jpeg;*.gif;*.png;*.tif;*.tiff;*.bmp;*.dib;*.wmf;*.emf;*.heic;*.heif;*.avif;*.webp"}};
   const auto& rows = SourceImageFilters();
   for (std::size_t i = 1; i < rows.size(); ++i) filters.emplace_back(rows[i].name, rows[i].patterns);
   return Chosen(QFileDialog::getOpenFileName(owner, QStringLiteral("Open file"), QString(), QtFilterList(filters)));

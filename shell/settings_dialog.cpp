@@ -72,6 +72,8 @@ SettingsDialog::SettingsDialog(QWidget* owner, engine::Settings& settings)
   Combo1_ = new QComboBox(pages_[0]);
   Combo1_->setObjectName("Combo1");
   Combo1_->setGeometry(kLabelLeft, 16 + 4 * kRow, 200, 24);
+  Check15_ = check(pages_[0], "Check15", "Rotate by camera orientation", 5);
+  Check16_ = check(pages_[0], "Check16", "Keep colour profiles", 6);
 
   Check4_ = check(pages_[1], "Check4", "Use proxy:", 0);
   Label7_ = label(pages_[1], "Label7", "IP:", 1);
@@ -109,8 +111,8 @@ SettingsDialog::SettingsDialog(QWidget* owner, engine::Settings& settings)
   ok_->setDefault(true);
   ok_->setAutoDefault(true);
 
-  QWidget* order[] = {Check2_, Check6_, Check14_, Combo1_, Check4_, Text7_,  Text8_,  Text1_, Text2_,
-                      Text5_,  Text9_,  Text4_,   Text3_,  Text6_,  Check1_, Check3_, ok_,    cancel_};
+  QWidget* order[] = {Check2_, Check6_, Check14_, Combo1_, Check15_, Check16_, Check4_, Text7_,  Text8_, Text1_,
+                      Text2_,  Text5_,  Text9_,   Text4_,  Text3_,   Text6_,   Check1_, Check3_, ok_,    cancel_};
   for (std::size_t i = 0; i + 1 < std::size(order); ++i) setTabOrder(order[i], order[i + 1]);
 
   connect(tabs_, &QTabBar::currentChanged, this, &SettingsDialog::SelectTab);
@@ -135,6 +137,8 @@ SettingsForm SettingsDialog::Form() const {
   f.Check2 = Check2_->isChecked();
   f.Check6 = Check6_->isChecked();
   f.Check14 = Check14_->isChecked();
+  f.Check15 = Check15_->isChecked();
+  f.Check16 = Check16_->isChecked();
   f.Combo1 = Combo1_->currentIndex();
   f.Check4 = Check4_->isChecked();
   f.Text7 = Text7_->text().toStdString();
@@ -155,6 +159,8 @@ void SettingsDialog::SetForm(const SettingsForm& f) {
   Check2_->setChecked(f.Check2);
   Check6_->setChecked(f.Check6);
   Check14_->setChecked(f.Check14);
+  Check15_->setChecked(f.Check15);
+  Check16_->setChecked(f.Check16);
   Combo1_->setCurrentIndex(f.Combo1);
   Check4_->setChecked(f.Check4);
   Text7_->setText(QString::fromStdString(f.Text7));

@@ -38,7 +38,7 @@ class SettingsDialog : public DialogFrame {
   engine::Settings& settings_;
   QTabBar* tabs_;
   QWidget* pages_[4];
-  QCheckBox *Check2_, *Check6_, *Check14_, *Check4_, *Check1_, *Check3_;
+  QCheckBox *Check2_, *Check6_, *Check14_, *Check15_, *Check16_, *Check4_, *Check1_, *Check3_;
   QComboBox* Combo1_;
   SelectAllEdit *Text7_, *Text8_, *Text1_, *Text2_, *Text5_, *Text9_, *Text4_, *Text3_, *Text6_;
   QLabel *Label7_, *Label8_;

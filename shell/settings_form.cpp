@@ -20,6 +20,8 @@ void OpenSettingsForm(const engine::Settings& s, SettingsForm& form) {
   form.Check2 = On(s.StopOnError);
   form.Check6 = On(s.AlwaysCreateOutputFolder);
   form.Check14 = On(s.GenerateHtmlIndex);
+  form.Check15 = On(s.RotateByCameraOrientation);
+  form.Check16 = On(s.KeepColourProfiles);
   form.Check4 = On(s.UseProxy);
   form.Check3 = On(s.FtpSecure);
   const int rows = static_cast<int>(IfOutputFileExistsItems().size());
@@ -41,6 +43,8 @@ void ApplySettingsForm(const SettingsForm& form, engine::Settings& s) {
   s.StopOnError = Word(form.Check2);
   s.AlwaysCreateOutputFolder = Word(form.Check6);
   s.GenerateHtmlIndex = Word(form.Check14);
+  s.RotateByCameraOrientation = Word(form.Check15);
+  s.KeepColourProfiles = Word(form.Check16);
   s.IfOutputFileExists = static_cast<std::int16_t>(form.Combo1);
   s.UseProxy = Word(form.Check4);
   s.ProxyHost = form.Text7;

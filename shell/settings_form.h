@@ -18,6 +18,8 @@ struct SettingsForm {
   bool Check6 = false;   // "Always Create Output Folder"
   bool Check14 = false;  // "Generate HTML Index"
   int Combo1 = -1;       // "If Output File Exists:"
+  bool Check15 = false;  // "Rotate by camera orientation"
+  bool Check16 = false;  // "Keep colour profiles"
   // "Connection"
   bool Check4 = false;  // "Use proxy:"
   std::string Text7;    // "IP:"

@@ -5,18 +5,19 @@
 #include <cctype>
 #include <cstdio>
 
+#include "engine/source_scan.h"
+
 namespace velmora::shell {
 
 const std::vector<FileFilter>& SourceImageFilters() {
   static const std::vector<FileFilter> filters = {
-      {"All image files",
-       "*.bmp;*.cut;*.dds;*.exr;*.fax;*.gif;*.hdr;*.ico;*.iff;*.jbig;*.jng;*.jpg;*.jif;*.jpeg;*.koa;"
-       "*.pcd;*.mng;*.pcx;*.pbm;*.pgm;*.ppm;*.pfm;*.png;*.pict;*.pic;*.pct;*.psd;*.raw;*.ras;*.sgi;"
-       "*.tga;*.tif;*.tiff;*.wbmp;*.xbm;*.xpm;*.dib;*.wmf;*.emf"},
+      {"All image files", engine::kAllImageFilePatterns},
       {"JPEG (*.jpg, *.jpeg)", "*.jpg;*.jpeg"},
       {"GIF (*.gif)", "*.gif"},
       {"Portable Graphics PNG (*.png)", "*.png"},
       {"TIFF (*.tif, *.tiff)", "*.tif;*.tiff"},
+      {"HEIC and AVIF photos (*.heic, *.heif, *.avif)", "*.heic;*.heif;*.avif"},
+      {"WebP (*.webp)", "*.webp"},
       {"Windows Bitmap (*.bmp, *.dib)", "*.bmp;*.dib"},
       {"Windows Metafile (*.wmf)", "*.wmf"},
       {"Windows Enhanced Matafile (*.emf)", "*.emf"},

@@ -98,7 +98,8 @@ ParsedArguments ParseBatchArguments(const std::vector<std::string>& arguments) {
 
 std::optional<std::int16_t> OutputFormatFromName(std::string_view name) {
   static constexpr std::pair<std::string_view, std::int16_t> kNames[] = {
-      {"bmp", 0}, {"jpeg", 1}, {"jpg", 1}, {"gif", 2}, {"png", 3}, {"tga", 4}, {"tiff", 5}, {"tif", 5}, {"exr", 6}};
+      {"bmp", 0},  {"jpeg", 1}, {"jpg", 1}, {"gif", 2},  {"png", 3}, {"tga", 4},
+      {"tiff", 5}, {"tif", 5},  {"exr", 6}, {"webp", 7}, {"avif", 8}};
   for (const auto& [known, index] : kNames)
     if (engine::EqualsIgnoreCase(name, known)) return index;
   return std::nullopt;
@@ -117,7 +118,8 @@ template, exactly as the Velmora window would convert it.
 
 Sources are image files and folders. A folder is searched with all its
 subfolders for the file types Velmora reads (*.bmp, *.jpg, *.jpeg, *.png,
-*.gif, *.tif, *.tiff, *.ico, *.exr, *.psd and more, in any letter case): the
+*.gif, *.tif, *.tiff, *.ico, *.exr, *.psd, *.heic, *.heif, *.avif, *.webp and
+more, in any letter case): the
 files of a folder come first, type by type in that list's order and by name
 within a type, then its subfolders by name. A file named on the command line
 is taken whatever its type. Empty files, and paths already taken, are passed
@@ -134,7 +136,8 @@ The job:
                        settings.ini.
   --output-folder DIR  write into DIR instead of the job's output folder; DIR
                        is created when missing
-  --format NAME        output format: bmp, jpeg, gif, png, tga, tiff or exr
+  --format NAME        output format: bmp, jpeg, gif, png, tga, tiff, exr, webp
+                       or avif (see Formats below)
   --template TEXT      file-name template, such as "{Title}_{Counter}.{OutputType}"
                        with the tokens {Title}, {SourceType}, {OutputType} and
                        {Counter}
@@ -143,6 +146,20 @@ The job:
   --source-timeout S   give up on a source that takes longer than S seconds to
                        read, convert and encode (default: 300); it is then
                        passed over like an unreadable one
+
+Formats:
+  format       read  written  notes
+  JPEG         yes   yes      quality from the job
+  PNG, BMP     yes   yes
+  GIF, TIFF    yes   yes      several pages in one file, or a file per page
+  TGA, EXR     yes   yes
+  WebP         yes   yes      quality from the job, or lossless
+  AVIF         yes   yes      quality from the job, 8 or 10 bits per channel
+  HEIC, HEIF   yes   no       every image of the file as a page
+  ICO, PSD, RAW, PCX, DDS, HDR and more: read only
+  Colour profiles go with the image into JPEG, PNG, TIFF, WebP and AVIF, and
+  the camera's EXIF block into JPEG, WebP and AVIF. With "Rotate by camera
+  orientation" on in the job's settings, photos are turned upright as read.
 
 Output:
   -q, --quiet          print nothing on standard output
