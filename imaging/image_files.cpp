@@ -13,6 +13,7 @@
 #include "imaging/file_sanity.h"
 #include "imaging/heif/heif_files.h"
 #include "imaging/imaging_library.h"
+#include "imaging/png_colour_profile.h"
 
 namespace velmora::imaging {
 namespace {
@@ -49,6 +50,13 @@ Bitmap ReadChecked(FREE_IMAGE_FORMAT format, int flags, Load load) {
   return Bitmap(load(flags));
 }
 
+void AttachPngColourProfile(const std::string& path, FIBITMAP* page) {
+  const FIICCPROFILE* held = FreeImage_GetICCProfile(page);
+  if (held && held->size > 0) return;
+  std::vector<std::uint8_t> profile = ReadPngColourProfile(path);
+  if (!profile.empty()) FreeImage_CreateICCProfile(page, profile.data(), static_cast<long>(profile.size()));
+}
+
 struct MemoryCloser {
   void operator()(FIMEMORY* memory) const noexcept { FreeImage_CloseMemory(memory); }
 };
@@ -67,7 +75,10 @@ Bitmap Read(FREE_IMAGE_FORMAT format, const std::string& path, int flags) {
       });
     }
   }
-  return ReadChecked(format, flags, [&](int load_flags) { return FreeImage_Load(format, path.c_str(), load_flags); });
+  Bitmap page =
+      ReadChecked(format, flags, [&](int load_flags) { return FreeImage_Load(format, path.c_str(), load_flags); });
+  if (page && format == FIF_PNG && (flags & FIF_LOAD_NOPIXELS) == 0) AttachPngColourProfile(path, page.get());
+  return page;
 }
 
 ReadOnlyMultiBitmap OpenForReading(FREE_IMAGE_FORMAT format, const std::string& path, int flags) {
