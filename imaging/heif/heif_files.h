@@ -22,8 +22,9 @@ int CountHeifPages(const std::string& path);
 // profile and the EXIF block travel with the page. An image that cannot be decoded is left out.
 std::vector<Bitmap> LoadHeifPages(const std::string& path, bool first_only);
 
-// Encodes the page as AVIF with the AV1 encoder: 8 bits per channel, or 10 with kAvifTenBitsFlag;
-// the alpha channel when the page has one; its ICC profile and EXIF block.
+// Encodes the page as AVIF with the AV1 encoder: 8 bits per channel with the alpha channel when
+// some pixel is not opaque, or 10 bits per channel (kAvifTenBitsFlag) without alpha; the page's ICC
+// profile and EXIF block go with it.
 bool EncodeAvif(FIBITMAP* dib, int flags, std::vector<std::uint8_t>& bytes);
 
 }  // namespace velmora::imaging

@@ -2,7 +2,6 @@
 #include <libheif/heif.h>
 
 #include <algorithm>
-#include <cstring>
 
 #include "imaging/exif_block.h"
 #include "imaging/heif/heif_files.h"
@@ -34,8 +33,8 @@ bool HasAlpha(FIBITMAP* dib) {
   for (unsigned y = 0; y < height; ++y) {
     const BYTE* row = FreeImage_GetScanLine(dib, static_cast<int>(y));
     for (unsigned x = 0; x < width; ++x) {
-      const bool opaque = wide ? reinterpret_cast<const FIRGBA16*>(row)[x].alpha == 0xFFFF
-                               : row[x * 4 + FI_RGBA_ALPHA] == 0xFF;
+      const bool opaque =
+          wide ? reinterpret_cast<const FIRGBA16*>(row)[x].alpha == 0xFFFF : row[x * 4 + FI_RGBA_ALPHA] == 0xFF;
       if (!opaque) return true;
     }
   }
@@ -47,31 +46,26 @@ std::uint16_t Narrow(std::uint16_t sample) {
   return static_cast<std::uint16_t>((std::uint32_t{sample} * 1023u + 32767u) / 65535u);
 }
 
+// 8 bits: interleaved RGB(A). 10 bits: one plane a channel, as libheif's AV1 path wants it (an
+// interleaved 10-bit image makes libaom abort on its chroma layout).
 HeifImage FromBitmap(FIBITMAP* page, bool ten_bits, bool alpha) {
   const int width = static_cast<int>(FreeImage_GetWidth(page));
   const int height = static_cast<int>(FreeImage_GetHeight(page));
-  const heif_chroma chroma = ten_bits
-                                 ? (alpha ? heif_chroma_interleaved_RRGGBBAA_LE : heif_chroma_interleaved_RRGGBB_LE)
-                                 : (alpha ? heif_chroma_interleaved_RGBA : heif_chroma_interleaved_RGB);
+  const heif_chroma chroma =
+      ten_bits ? heif_chroma_444 : (alpha ? heif_chroma_interleaved_RGBA : heif_chroma_interleaved_RGB);
   heif_image* raw = nullptr;
   if (!Ok(heif_image_create(width, height, heif_colorspace_RGB, chroma, &raw))) return nullptr;
   HeifImage image(raw);
-  if (!Ok(heif_image_add_plane(raw, heif_channel_interleaved, width, height, ten_bits ? 10 : 8))) return nullptr;
-  int stride = 0;
-  std::uint8_t* plane = heif_image_get_plane(raw, heif_channel_interleaved, &stride);
-  if (!plane) return nullptr;
   const int channels = alpha ? 4 : 3;
-  for (int y = 0; y < height; ++y) {
-    const BYTE* from = FreeImage_GetScanLine(page, height - 1 - y);
-    std::uint8_t* to = plane + static_cast<std::ptrdiff_t>(y) * stride;
-    for (int x = 0; x < width; ++x) {
-      if (ten_bits) {
-        const auto* pixel = reinterpret_cast<const std::uint16_t*>(from) + static_cast<std::ptrdiff_t>(x) * channels;
-        for (int c = 0; c < channels; ++c) {
-          const std::uint16_t sample = Narrow(pixel[c]);
-          std::memcpy(to + (static_cast<std::ptrdiff_t>(x) * channels + c) * 2, &sample, 2);
-        }
-      } else {
+  if (!ten_bits) {
+    if (!Ok(heif_image_add_plane(raw, heif_channel_interleaved, width, height, 8))) return nullptr;
+    int stride = 0;
+    std::uint8_t* plane = heif_image_get_plane(raw, heif_channel_interleaved, &stride);
+    if (!plane) return nullptr;
+    for (int y = 0; y < height; ++y) {
+      const BYTE* from = FreeImage_GetScanLine(page, height - 1 - y);
+      std::uint8_t* to = plane + static_cast<std::ptrdiff_t>(y) * stride;
+      for (int x = 0; x < width; ++x) {
         const BYTE* p = from + static_cast<std::ptrdiff_t>(x) * channels;
         std::uint8_t* q = to + static_cast<std::ptrdiff_t>(x) * channels;
         q[0] = p[FI_RGBA_RED];
@@ -79,6 +73,20 @@ HeifImage FromBitmap(FIBITMAP* page, bool ten_bits, bool alpha) {
         q[2] = p[FI_RGBA_BLUE];
         if (alpha) q[3] = p[FI_RGBA_ALPHA];
       }
+    }
+    return image;
+  }
+  const heif_channel planes[] = {heif_channel_R, heif_channel_G, heif_channel_B, heif_channel_Alpha};
+  for (int c = 0; c < channels; ++c) {
+    if (!Ok(heif_image_add_plane(raw, planes[c], width, height, 10))) return nullptr;
+    int stride = 0;
+    std::uint8_t* plane = heif_image_get_plane(raw, planes[c], &stride);
+    if (!plane) return nullptr;
+    for (int y = 0; y < height; ++y) {
+      // RGB16 and RGBA16 pixels keep red first.
+      const auto* from = reinterpret_cast<const std::uint16_t*>(FreeImage_GetScanLine(page, height - 1 - y));
+      auto* to = reinterpret_cast<std::uint16_t*>(plane + static_cast<std::ptrdiff_t>(y) * stride);
+      for (int x = 0; x < width; ++x) to[x] = Narrow(from[static_cast<std::ptrdiff_t>(x) * channels + c]);
     }
   }
   return image;
@@ -97,7 +105,8 @@ bool EncodeAvif(FIBITMAP* dib, int flags, std::vector<std::uint8_t>& bytes) {
   bytes.clear();
   if (!dib || FreeImage_GetWidth(dib) == 0 || FreeImage_GetHeight(dib) == 0) return false;
   const bool ten_bits = (flags & kAvifTenBitsFlag) != 0;
-  const bool alpha = HasAlpha(dib);
+  // Like "24", the 10-bit choice has no alpha: libaom cannot code the alpha plane at that depth.
+  const bool alpha = !ten_bits && HasAlpha(dib);
   const Bitmap page = Normalised(dib, ten_bits, alpha);
   if (!page) return false;
   const HeifImage image = FromBitmap(page.get(), ten_bits, alpha);
@@ -113,6 +122,9 @@ bool EncodeAvif(FIBITMAP* dib, int flags, std::vector<std::uint8_t>& bytes) {
   const HeifEncoder encoder(raw_encoder);
   const int quality = std::clamp(flags & 0xFF, 1, 100);
   if (!Ok(heif_encoder_set_lossy_quality(raw_encoder, quality))) return false;
+  // libheif 1.15 codes deeper AV1 in the professional profile, which libaom takes at 10 bits only
+  // as 4:2:2; any other layout trips an assertion inside libaom.
+  if (ten_bits && !Ok(heif_encoder_set_parameter_string(raw_encoder, "chroma", "422"))) return false;
   heif_image_handle* raw_handle = nullptr;
   if (!Ok(heif_context_encode_image(context.get(), image.get(), raw_encoder, nullptr, &raw_handle))) return false;
   const HeifImageHandle handle(raw_handle);

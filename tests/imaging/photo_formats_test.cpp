@@ -1,0 +1,169 @@
+// Photo formats through the back end: HEIF containers made by libheif's own encoder (heif-enc) read as pages of
+// their depth, AVIF and WebP written and read back, colour profiles and EXIF carried, pages turned upright.
+#include <FreeImage.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdlib>
+
+#include "imaging/encoded_image.h"
+#include "imaging/exif_block.h"
+#include "imaging/image_files.h"
+#include "tests/imaging/pages.h"
+#include "tests/support/test_support.h"
+
+namespace velmora::testing {
+namespace {
+
+using imaging::Bitmap;
+
+// One HEIF file of `sources` (PNG files); heif-enc picks HEVC or AV1 by the extension.
+bool HeifEnc(const std::vector<std::string>& sources, const std::string& out, const std::string& options = "-q 95") {
+  std::string command = "heif-enc " + options + " -o '" + out + "'";
+  for (const std::string& source : sources) command += " '" + source + "'";
+  return std::system((command + " >/dev/null 2>&1").c_str()) == 0;
+}
+
+// Mean absolute difference of the red, green and blue samples of two pages of one size, at 8 bits.
+double MeanDifference(FIBITMAP* a, FIBITMAP* b) {
+  const Page a8(FreeImage_ConvertTo24Bits(a)), b8(FreeImage_ConvertTo24Bits(b));
+  const std::vector<Rgba> pa = Pixels(a8.get()), pb = Pixels(b8.get());
+  if (pa.size() != pb.size() || pa.empty()) return 1e9;
+  double sum = 0;
+  for (std::size_t i = 0; i < pa.size(); ++i)
+    sum += std::abs(pa[i].r - pb[i].r) + std::abs(pa[i].g - pb[i].g) + std::abs(pa[i].b - pb[i].b);
+  return sum / (3.0 * static_cast<double>(pa.size()));
+}
+
+std::vector<std::uint8_t> ProfileOf(FIBITMAP* dib) {
+  const FIICCPROFILE* profile = FreeImage_GetICCProfile(dib);
+  const auto* data = static_cast<const std::uint8_t*>(profile->data);
+  return profile->size > 0 ? std::vector<std::uint8_t>(data, data + profile->size) : std::vector<std::uint8_t>{};
+}
+
+// A little-endian TIFF block whose first directory holds only the orientation tag; `big_endian` for Motorola order.
+std::vector<std::uint8_t> OrientationBlock(int orientation, bool big_endian) {
+  std::vector<std::uint8_t> le{'I', 'I', 42, 0, 8, 0, 0, 0, 1, 0, 0x12, 0x01, 3, 0, 1, 0, 0, 0};
+  le.insert(le.end(), {std::uint8_t(orientation), 0, 0, 0, 0, 0, 0, 0});
+  if (!big_endian) return le;
+  return {'M', 'M', 0, 42, 0, 0, 0, 8, 0, 1, 0x01, 0x12, 0, 3, 0, 0, 0, 1, 0, std::uint8_t(orientation),
+          0,   0,   0, 0,  0, 0};
+}
+
+TEST(PhotoFormats, HeifFilesReadAsPagesOfTheirDepth) {
+  TempFolder dir;
+  const std::string photo = dir.file("photo.png"), deep = dir.file("deep.png");
+  ASSERT_TRUE(samples::WritePhoto(photo, 64, 48, 3) && samples::WriteDeepPng(deep, 64, 48));
+  // libheif 1.15 with libaom 3.6 codes 10-bit AV1 only as 4:2:2.
+  ASSERT_TRUE(HeifEnc({photo}, dir.file("one.heic")) && HeifEnc({photo}, dir.file("one.avif")) &&
+              HeifEnc({photo, deep}, dir.file("two.heic")) &&
+              HeifEnc({deep}, dir.file("deep.avif"), "-q 95 -b 10 -p chroma=422"));
+  const Page photo_page(FreeImage_Load(FIF_PNG, photo.c_str(), 0)), deep_page(FreeImage_Load(FIF_PNG, deep.c_str(), 0));
+  struct Row {
+    const char* name;
+    std::vector<FREE_IMAGE_TYPE> types;  // one a page
+  };
+  for (const Row& row : {Row{"one.heic", {FIT_BITMAP}}, Row{"one.avif", {FIT_BITMAP}},
+                         Row{"two.heic", {FIT_BITMAP, FIT_RGB16}}, Row{"deep.avif", {FIT_RGB16}}}) {
+    SCOPED_TRACE(row.name);
+    EXPECT_EQ(imaging::CountImagePages(dir.file(row.name)), int(row.types.size()));
+    const std::vector<Bitmap> pages = imaging::LoadImagePages(dir.file(row.name));
+    ASSERT_EQ(pages.size(), row.types.size());
+    for (std::size_t p = 0; p < pages.size(); ++p) {
+      FIBITMAP* page = pages[p].get();
+      EXPECT_EQ(FreeImage_GetImageType(page), row.types[p]);
+      EXPECT_EQ(FreeImage_GetBPP(page), row.types[p] == FIT_RGB16 ? 48u : 24u);
+      EXPECT_EQ(FreeImage_GetWidth(page) * 1000 + FreeImage_GetHeight(page), 64048u);
+      EXPECT_LT(MeanDifference(page, row.types[p] == FIT_RGB16 ? deep_page.get() : photo_page.get()), 5.0);
+    }
+  }
+  // A file cut short reads as nothing.
+  const std::string whole = ReadWholeFile(dir.file("one.heic"));
+  WriteWholeFile(dir.file("cut.heic"), whole.substr(0, whole.size() / 2));
+  EXPECT_EQ(imaging::CountImagePages(dir.file("cut.heic")), 0);
+  EXPECT_TRUE(imaging::LoadImagePages(dir.file("cut.heic")).empty());
+}
+
+// Every output that can carry a colour profile and EXIF does, through the depth conversion the format needs; AVIF
+// at 10 bits reads back as 16 bits a channel; lossless WebP and PNG keep every pixel.
+TEST(PhotoFormats, OutputsKeepPixelsDepthProfileAndExif) {
+  TempFolder dir;
+  const std::string icc = ReadWholeFile("/usr/share/color/icc/sRGB.icc");
+  ASSERT_FALSE(icc.empty()) << "icc-profiles-free is missing";
+  Page page = MakePage(40, 30, 32, [](int x, int y) { return Rgba{x * 6, y * 8, 128, 200 + x}; });
+  FreeImage_CreateICCProfile(page.get(), const_cast<char*>(icc.data()), long(icc.size()));
+  imaging::AttachRawExif(page.get(), OrientationBlock(3, false));
+  struct Row {
+    const char* name;
+    int format, flags;
+    unsigned bpp;
+    double tolerance;
+    bool exif;
+  };
+  // A HEIF container's own boxes give its orientation, so the EXIF tag read back from AVIF is not taken.
+  for (const Row& row :
+       {Row{"a.avif", imaging::kFormatAvif, 95, 32, 3, false},
+        Row{"b.avif", imaging::kFormatAvif, 95 | imaging::kAvifTenBitsFlag, 48, 3, false},
+        Row{"c.webp", imaging::kFormatWebp, 0x100, 32, 0, true}, Row{"d.jpg", imaging::kFormatJpeg, 100, 24, 3, true},
+        Row{"e.png", imaging::kFormatPng, 0, 32, 0, false}}) {
+    SCOPED_TRACE(row.name);
+    std::vector<std::uint8_t> bytes;
+    ASSERT_TRUE(imaging::EncodeToMemory(page.get(), row.format, row.flags, bytes, true));
+    ASSERT_TRUE(imaging::WriteBytesToFile(bytes, dir.file(row.name)));
+    const Bitmap back = imaging::LoadImageFile(dir.file(row.name), -1, 0);
+    ASSERT_TRUE(back);
+    EXPECT_EQ(FreeImage_GetBPP(back.get()), row.bpp);
+    EXPECT_LE(MeanDifference(back.get(), page.get()), row.tolerance);
+    EXPECT_EQ(ProfileOf(back.get()), std::vector<std::uint8_t>(icc.begin(), icc.end()));
+    EXPECT_EQ(imaging::CameraOrientation(back.get()), row.exif ? 3 : 1);
+  }
+  // A profile the PNG encoder refuses costs the profile, not the file.
+  std::vector<BYTE> broken(132, 7);
+  FreeImage_CreateICCProfile(page.get(), broken.data(), long(broken.size()));
+  std::vector<std::uint8_t> bytes;
+  ASSERT_TRUE(imaging::EncodeToMemory(page.get(), imaging::kFormatPng, 0, bytes, true));
+  ASSERT_TRUE(imaging::WriteBytesToFile(bytes, dir.file("f.png")));
+  EXPECT_TRUE(ProfileOf(imaging::LoadImageFile(dir.file("f.png"), -1, 0).get()).empty());
+}
+
+// A page turned by each of the eight camera orientations, in both byte orders of the EXIF block, shows each stored
+// pixel where the orientation's definition puts it, and is recorded upright.
+TEST(PhotoFormats, TurnUprightFollowsEveryOrientation) {
+  constexpr int kW = 3, kH = 2;
+  const auto colour = [](int x, int y) { return Rgba{x * 80, y * 100, 7}; };
+  // Where stored pixel (x, y) shows, by orientation 1 to 8.
+  const auto shown = [](int o, int x, int y) -> std::pair<int, int> {
+    switch (o) {
+      case 2: return {kW - 1 - x, y};
+      case 3: return {kW - 1 - x, kH - 1 - y};
+      case 4: return {x, kH - 1 - y};
+      case 5: return {y, x};
+      case 6: return {kH - 1 - y, x};
+      case 7: return {kH - 1 - y, kW - 1 - x};
+      case 8: return {y, kW - 1 - x};
+      default: return {x, y};
+    }
+  };
+  for (int orientation = 1; orientation <= 8; ++orientation) {
+    for (const bool big_endian : {false, true}) {
+      SCOPED_TRACE(std::to_string(orientation) + (big_endian ? " MM" : " II"));
+      Bitmap page(MakePage(kW, kH, 24, colour).release());
+      imaging::AttachRawExif(page.get(), OrientationBlock(orientation, big_endian));
+      EXPECT_EQ(imaging::CameraOrientation(page.get()), orientation);
+      ASSERT_TRUE(imaging::TurnUpright(page));
+      const bool quarter = orientation >= 5;
+      ASSERT_EQ(FreeImage_GetWidth(page.get()), unsigned(quarter ? kH : kW));
+      for (int y = 0; y < kH; ++y) {
+        for (int x = 0; x < kW; ++x) {
+          const auto [sx, sy] = shown(orientation, x, y);
+          EXPECT_EQ(PixelAt(page.get(), sx, sy), colour(x, y)) << "stored " << x << "," << y;
+        }
+      }
+      EXPECT_EQ(imaging::CameraOrientation(page.get()), 1);
+      EXPECT_EQ(imaging::TiffOrientation(imaging::RawExifOf(page.get())), 1);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace velmora::testing
