@@ -17,6 +17,8 @@
 #include "app/batch/batch_options.h"
 #include "app/batch/batch_view.h"
 #include "engine/app_state.h"
+#include "imaging/exif_block.h"
+#include "imaging/image_files.h"
 #include "imaging/tiff_messages.h"
 #include "scripts/sample_images.h"
 #include "settings/profile_file.h"
@@ -185,6 +187,85 @@ TEST_F(Batch, ReadsTheStartProfileAndWritesNoProfile) {
   }
 }
 
+// The mean difference of the red, green and blue samples of two pages of one size, at 8 bits.
+double MeanDifference(FIBITMAP* a, FIBITMAP* b) {
+  const imaging::Bitmap a8(FreeImage_ConvertTo24Bits(a)), b8(FreeImage_ConvertTo24Bits(b));
+  const unsigned width = FreeImage_GetWidth(a8.get()), height = FreeImage_GetHeight(a8.get());
+  if (width != FreeImage_GetWidth(b8.get()) || height != FreeImage_GetHeight(b8.get())) return 1e9;
+  double sum = 0;
+  for (unsigned y = 0; y < height; ++y) {
+    const BYTE *pa = FreeImage_GetScanLine(a8.get(), int(y)), *pb = FreeImage_GetScanLine(b8.get(), int(y));
+    for (unsigned i = 0; i < width * 3; ++i) sum += std::abs(pa[i] - pb[i]);
+  }
+  return sum / (3.0 * width * height);
+}
+
+// Phone photos: HEIC and AVIF files made by libheif's own encoder convert to JPEG, PNG, WebP and AVIF at their size and
+// near their pixels, a two-image HEIC into two pages, with the source's colour profile.
+TEST_F(Batch, ConvertsPhonePhotosToEveryPhotoFormat) {
+  const std::string icc = ReadWholeFile("/usr/share/color/icc/sRGB.icc");
+  ASSERT_TRUE(samples::WritePhoto(Work("photo.png"), 64, 48, 5));
+  const imaging::Bitmap photo = imaging::LoadImageFile(Work("photo.png"), -1, 0);
+  ASSERT_TRUE(FreeImage_CreateICCProfile(photo.get(), const_cast<char*>(icc.data()), long(icc.size())));
+  ASSERT_TRUE(FreeImage_Save(FIF_PNG, photo.get(), Work("photo.png").c_str(), 0));
+  for (const auto& [sources, out] :
+       {std::pair{"photo.png", "one.heic"}, {"photo.png photo.png", "two.heic"}, {"photo.png", "phone.avif"}}) {
+    const std::string command = "heif-enc -q 95 -o " + Work(out) + " " + sources + " >/dev/null 2>&1";
+    ASSERT_EQ(std::system(("cd " + Work("") + " && " + command).c_str()), 0) << command;
+  }
+  Profile([](engine::AppState&) {});
+  for (const std::string format : {"jpg", "png", "webp", "avif"}) {
+    SCOPED_TRACE(format);
+    const std::string folder = "out-" + format;
+    const auto [status, out, err] =
+        Run({"-q", "--profile", "job.profile", "--format", format == "jpg" ? "jpeg" : format, "--output-folder", folder,
+             "one.heic", "two.heic", "phone.avif"});
+    ASSERT_EQ(status, 0) << err;
+    const std::vector<std::string> names = {"one." + format, "phone." + format, "two (page 0)." + format,
+                                            "two (page 1)." + format};
+    ASSERT_EQ(Names(Work(folder)), names);
+    for (const std::string& name : names) {
+      const std::vector<imaging::Bitmap> pages = imaging::LoadImagePages(Work(folder + "/" + name));
+      ASSERT_EQ(pages.size(), 1u) << name;
+      EXPECT_LT(MeanDifference(pages[0].get(), photo.get()), 6.0) << name;
+      const FIICCPROFILE* profile = FreeImage_GetICCProfile(pages[0].get());
+      EXPECT_EQ(std::string(static_cast<const char*>(profile->data), std::size_t(profile->size)), icc) << name;
+    }
+  }
+}
+
+// A camera JPEG stored on its side (orientation 6) comes out upright with "Rotate by camera orientation" on, as a new
+// profile has it, and as stored with it off; a profile written before the setting existed converts exactly as "off".
+TEST_F(Batch, TurnsCameraShotsUprightOnlyWhenTheProfileSaysSo) {
+  ASSERT_TRUE(samples::WritePhoto(Work("side.png"), 32, 16, 7));
+  const imaging::Bitmap side = imaging::LoadImageFile(Work("side.png"), -1, 0);
+  imaging::AttachRawExif(side.get(),
+                         {'I', 'I', 42, 0, 8, 0, 0, 0, 1, 0, 0x12, 0x01, 3, 0, 1, 0, 0, 0, 6, 0, 0, 0, 0, 0, 0, 0});
+  ASSERT_TRUE(FreeImage_Save(FIF_JPEG, side.get(), Work("side.jpg").c_str(), 95));
+  Profile([](engine::AppState&) {}, "on.profile");
+  Profile(
+      [](engine::AppState& state) {
+        state.settings.RotateByCameraOrientation = state.settings.KeepColourProfiles = engine::kFalse;
+      },
+      "off.profile");
+  std::string old = ReadWholeFile(Work("off.profile"));
+  for (const std::string key : {"18=False", "19=False"}) old.erase(old.find(key), key.size() + 2);  // with its line end
+  WriteWholeFile(Work("old.profile"), old);
+  for (const char* job : {"on", "off", "old"})
+    ASSERT_EQ(std::get<0>(Run({"-q", "--profile", job + std::string(".profile"), "--output-folder", job, "side.jpg"})),
+              0);
+  const imaging::Bitmap on = imaging::LoadImageFile(Work("on/side.jpg"), -1, 0),
+                        off = imaging::LoadImageFile(Work("off/side.jpg"), -1, 0);
+  ASSERT_TRUE(on && off);
+  EXPECT_EQ(
+      std::tuple(FreeImage_GetWidth(on.get()), FreeImage_GetHeight(on.get()), imaging::CameraOrientation(on.get())),
+      std::tuple(16u, 32u, 1));
+  EXPECT_EQ(
+      std::tuple(FreeImage_GetWidth(off.get()), FreeImage_GetHeight(off.get()), imaging::CameraOrientation(off.get())),
+      std::tuple(32u, 16u, 6));
+  EXPECT_EQ(ReadWholeFile(Work("old/side.jpg")), ReadWholeFile(Work("off/side.jpg")));
+}
+
 // Converting a folder into itself replaces every original with its conversion, at any --jobs; also crosswise, with the
 // sources given in reverse order and named by counter, so that each output takes the name of another row's source.
 TEST_F(Batch, ConvertingAFolderIntoItselfReplacesEveryOriginalWithItsConversion) {
@@ -350,10 +431,11 @@ TEST_F(Batch, OnATerminalTheBarRewritesItselfAndIsClearedAtTheEnd) {
 }
 
 TEST(BatchOptions, FormatNamesInAnyLetterCase) {
-  const std::vector<std::pair<const char*, int>> names = {{"bmp", 0}, {"jpeg", 1}, {"JPG", 1}, {"gif", 2}, {"png", 3},
-                                                          {"tga", 4}, {"tiff", 5}, {"Tif", 5}, {"exr", 6}};
+  const std::vector<std::pair<const char*, int>> names = {{"bmp", 0}, {"jpeg", 1}, {"JPG", 1},  {"gif", 2},
+                                                          {"png", 3}, {"tga", 4},  {"tiff", 5}, {"Tif", 5},
+                                                          {"exr", 6}, {"webp", 7}, {"AVIF", 8}};
   for (const auto& [name, index] : names) EXPECT_EQ(app::OutputFormatFromName(name), index) << name;
-  EXPECT_FALSE(app::OutputFormatFromName("webp") || app::OutputFormatFromName(""));
+  EXPECT_FALSE(app::OutputFormatFromName("heic") || app::OutputFormatFromName(""));
 }
 
 }  // namespace
