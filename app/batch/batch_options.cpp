@@ -35,7 +35,8 @@ std::string StoreValue(BatchOptions& options, std::string_view option, const std
     options.output_folder = value;
   } else if (option == "--format") {
     options.output_format = OutputFormatFromName(value);
-    if (!options.output_format) return "unknown format '" + value + "' (use bmp, jpeg, gif, png, tga, tiff or exr)";
+    if (!options.output_format)
+      return "unknown format '" + value + "' (use bmp, jpeg, gif, png, tga, tiff, exr, webp or avif)";
   } else if (option == "--template") {
     if (value.empty()) return "--template needs a non-empty template";
     options.name_template = value;

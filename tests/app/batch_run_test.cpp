@@ -108,7 +108,9 @@ TEST_F(Batch, RefusesABadRunUpFrontAndConvertsAGoodOneInScanOrder) {
   const std::vector<std::tuple<std::vector<std::string>, int, std::string>> cases = {
       {{"--colour", "red", "pics"}, 2, "unknown option '--colour'"},
       {{"-q"}, 2, "no source images given: name at least one file or folder"},
-      {{"--format", "webp", "pics"}, 2, "unknown format 'webp' (use bmp, jpeg, gif, png, tga, tiff or exr)"},
+      {{"--format", "heic", "pics"},
+       2,
+       "unknown format 'heic' (use bmp, jpeg, gif, png, tga, tiff, exr, webp or avif)"},
       {{"--jobs=0", "pics"}, 2, "--jobs needs a whole number of at least 1, not '0'"},
       {{"--jobs", "2x", "pics"}, 2, "--jobs needs a whole number of at least 1, not '2x'"},
       {{"pics", "--profile"}, 2, "--profile needs a value"},

@@ -77,16 +77,16 @@ TEST(ProfileFile, EveryFieldGoesUnderItsOwnKeyAndComesBackAndANewProfileResetsIt
   AppState state, loaded;
   state.AppDataFolder = "/data";
   state.CurrentProfile = "/x/job.profile";
-  state.settings = {kFalse,     "login", 1,     "secret", "/www", "ftp.example.org",
-                    kFalse,     2,       kTrue, "user",   "pw",   "8080",
-                    "10.0.0.1", kFalse,  kTrue, "21",     kTrue};
+  state.settings = {kFalse, "login", 1,      "secret", "/www", "ftp.example.org", kFalse,
+                    2,      kTrue,   "user", "pw",     "8080", "10.0.0.1",        kFalse,
+                    kTrue,  "21",    kTrue,  kTrue,    kFalse};
   state.output = {3, 256, 4, 5, 6, 1, 75, "{counter}-{title}.{outputtype}", kFalse, "/out/"};
   state.blocks.Append({6, 2, 3, 4, 5, kTrue, 7, 8, 9, 10, "(c) me", 11, 12, -13, 14, 15, 16, 17, 18, 19, 20, "font"});
   WriteWholeFile(path, "[Notes]\r\nauthor=me\r\n");
   ASSERT_TRUE(SaveProfile(state, path));
   const std::string all = ReadWholeFile(path);
   EXPECT_EQ(all, Lines("[Notes];author=me;[Settings];1=False;2=login;3=1;4=secret;5=/www;6=ftp.example.org;7=False;8=2;"
-                       "9=True;10=user;11=pw;12=8080;13=10.0.0.1;14=False;15=True;16=21;17=True;"
+                       "9=True;10=user;11=pw;12=8080;13=10.0.0.1;14=False;15=True;16=21;17=True;18=True;19=False;"
                        "[Profile];1=3;2=256;3=4;4=5;5=6;6=1;7=75;8={counter}-{title}.{outputtype};9=False;10=/out/;"
                        "ProcessTotal=1;[Block_0];1=3;2=True;3=4;4=5;5=2;6=6;7=7;8=8;9=9;10=11;11=-13;12=15;13=16;"
                        "14=(c) me;15=10;16=12;17=14;18=17;19=18;20=19;21=20;22=font"));
@@ -103,9 +103,14 @@ TEST(ProfileFile, EveryFieldGoesUnderItsOwnKeyAndComesBackAndANewProfileResetsIt
   EXPECT_EQ(
       ReadWholeFile(path),
       Lines("[Notes];author=me;[Settings];1=True;2=login;3=1;4=secret;5=/www;6=ftp.example.org;7=False;8=1;9=True;"
-            "10=user;11=pw;12=8080;13=10.0.0.1;14=False;15=True;16=21;17=True;[Profile];1=0;2=256;3=4;4=5;5=1;6=1;"
+            "10=user;11=pw;12=8080;13=10.0.0.1;14=False;15=True;16=21;17=True;18=True;19=True;[Profile];1=0;2=256;3=4;"
+            "4=5;5=1;6=1;"
             "7=90;8={Title}_{Counter}.{OutputType};9=True;10=/data/Output/;ProcessTotal=0") +
           all.substr(all.find("[Block_0]")));
+  // A profile saved before keys 18 and 19 existed reads them as off, whatever the state held.
+  WriteWholeFile(path, "[Settings]\r\n1=True\r\n");
+  LoadProfile(state, path);
+  EXPECT_EQ(state.settings.RotateByCameraOrientation + state.settings.KeepColourProfiles, 2 * kFalse);
 }
 
 // A save lands whole or not at all (here the file-size limit refuses the write at the 100th byte)

@@ -14,8 +14,14 @@ TEST(FormatForm, JpegShowsDepthAndQualityWithTheStoredQuality) {
   EXPECT_EQ(std::tuple(form.depth_row, form.quality_row, form.multipage_row), std::tuple(true, true, false));
   EXPECT_EQ(std::tuple(form.QualitySlider1, form.QualityText1, form.ColorDepthCombo1.items.size()),
             std::tuple(90, "90", 3u));
-  const FormatForm webp = OpenFormatForm("WEBP", output);
-  EXPECT_FALSE(webp.depth_row || webp.quality_row || webp.multipage_row || webp.compression_shown);
+  // WebP adds a lossy or lossless list, AVIF a 10-bit depth; a name the list does not hold shows no row.
+  const FormatForm webp = OpenFormatForm("WEBP", output), avif = OpenFormatForm("AVIF", output);
+  EXPECT_EQ(std::tuple(webp.compression_shown, webp.CompressionCombo1.items.size(), webp.QualitySlider1),
+            std::tuple(true, 2u, 90));
+  EXPECT_EQ(std::tuple(avif.depth_row, avif.quality_row, avif.ColorDepthCombo1.items.size()),
+            std::tuple(true, true, 3u));
+  const FormatForm heic = OpenFormatForm("HEIC", output);
+  EXPECT_FALSE(heic.depth_row || heic.quality_row || heic.multipage_row || heic.compression_shown);
 }
 
 TEST(FormatForm, ADepthBeyondTheListKeepsRowZeroAndOkStoresIt) {

@@ -326,7 +326,7 @@ TEST_F(OperationsTest, OutputFolderBrowseAndFormatChoice) {
   QTest::mouseClick(Find("SaveToCommand5"), Qt::LeftButton);
   EXPECT_EQ(Find<QLineEdit>("SaveToText1")->text().toStdString(), work.file("out"));
   auto* format = Find<QComboBox>("FormatCombo1");
-  EXPECT_EQ(format->count(), 7);
+  EXPECT_EQ(format->count(), 9);
   Choose(format, 3);
   window->ApplyProfile();
   EXPECT_EQ(std::tuple(state->output.OutputFolder, state->output.OutputFormat), std::tuple(work.file("out") + "/", 3));
