@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
-"""Runs the same four jobs with velmora-batch, ImageMagick, GraphicsMagick and libvips over one set
+"""Runs the same jobs with velmora-batch, ImageMagick, GraphicsMagick and libvips over one set
 of generated photos, and prints images per second, peak memory and our speed relative to each.
 
-    python3 bench/compare.py [--jpegs 48] [--others 4] [--work /tmp/velmora-compare] [--repeat 1]
+    python3 bench/compare.py [--jpegs 48] [--others 4] [--heics 8] [--work /tmp/velmora-compare]
 
-Needs the Debian packages imagemagick, graphicsmagick and libvips-tools, and a build in ./build.
+Needs the Debian packages imagemagick, graphicsmagick, libvips-tools and libheif-examples, and a
+build in ./build. The heic-jpeg job runs only the tools whose Debian builds read HEIC.
 """
 import argparse
 import os
@@ -37,6 +38,7 @@ def magick(tool, job):
                           ["-quality", "90", "-format", "jpg"],
         "png": ["-format", "png"],
         "rotate-tiff-lzw": ["-rotate", "90", "-compress", "LZW", "-format", "tif"],
+        "heic-jpeg": ["-quality", "90", "-format", "jpg"],
     }[job]
     # Run inside the photo folder: GraphicsMagick puts the given path under its output folder.
     return lambda src, out: [(base + [out] + ops + sorted(os.listdir(src)), src)]
@@ -51,6 +53,7 @@ def vips(job, mark_png, work):
                           '--y $(( $(vipsheader -f height "$OUT/$n.v") - $MARK_H - 20 )) && rm "$OUT/$n.v"',
         "png": 'vips copy "$1" "$OUT/$n.png"',
         "rotate-tiff-lzw": 'vips rot "$1" "$OUT/$n.tif[compression=lzw]" d90',
+        "heic-jpeg": 'vips copy "$1" "$OUT/$n.jpg[Q=90]"',
     }[job]
     script = os.path.join(work, "vips-" + job + ".sh")
     with open(script, "w") as f:
@@ -69,6 +72,24 @@ def mark_size(path):
     out = subprocess.run(["vipsheader", "-f", "width", path], capture_output=True, text=True).stdout
     height = subprocess.run(["vipsheader", "-f", "height", path], capture_output=True, text=True).stdout
     return int(out), int(height)
+
+
+def reads_heic(tool, sample, work):
+    """True when this machine's build of the tool decodes HEIC (Debian's GraphicsMagick does not)."""
+    out = os.path.join(work, "probe.jpg")
+    argv = {"imagemagick": ["convert-im6.q16", sample, out], "graphicsmagick": ["gm", "convert", sample, out],
+            "libvips": ["vips", "copy", sample, out]}[tool]
+    return shutil.which(argv[0]) is not None and subprocess.run(argv, capture_output=True).returncode == 0
+
+
+def make_heics(jpegs, folder, count):
+    """HEIC photos made by libheif's own encoder from the first `count` generated JPEGs."""
+    os.makedirs(folder, exist_ok=True)
+    for name in sorted(f for f in os.listdir(jpegs) if f.endswith(".jpg"))[:count]:
+        out = os.path.join(folder, os.path.splitext(name)[0] + ".heic")
+        if not os.path.exists(out):
+            subprocess.run(["heif-enc", "-q", "90", "-o", out, os.path.join(jpegs, name)], check=True,
+                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
 
 def run_timed(commands, work):
@@ -91,12 +112,16 @@ def main():
     parser.add_argument("--jpegs", type=int, default=48)
     parser.add_argument("--others", type=int, default=4, help="large PNGs and as many TIFFs")
     parser.add_argument("--work", default="/tmp/velmora-compare")
-    parser.add_argument("--jobs", default="resize-jpeg,watermark-jpeg,png,rotate-tiff-lzw")
+    parser.add_argument("--heics", type=int, default=8, help="HEIC photos for the heic-jpeg job")
+    parser.add_argument("--jobs", default="resize-jpeg,watermark-jpeg,png,rotate-tiff-lzw,heic-jpeg")
     args = parser.parse_args()
 
     src = os.path.join(args.work, "photos")
     subprocess.run([os.path.join(BUILD, "bench", "velmora-bench-photos"), src, str(args.jpegs), str(args.others)],
                    check=True)
+    heics = os.path.join(args.work, "heic")
+    if "heic-jpeg" in args.jobs:
+        make_heics(src, heics, args.heics)
     count = len(os.listdir(src))
     mark_png = os.path.join(args.work, "mark.png")
     subprocess.run(["convert-im6.q16", "-background", "none", "-fill", "white", "-font", FONT, "-pointsize", "48",
@@ -109,13 +134,18 @@ def main():
     for job in args.jobs.split(","):
         tools = [("velmora", velmora(job)), ("imagemagick", magick("im", job)),
                  ("graphicsmagick", magick("gm", job)), ("libvips", vips(job, mark_png, args.work))]
+        job_src = heics if job == "heic-jpeg" else src
+        if job == "heic-jpeg":
+            sample = os.path.join(heics, sorted(os.listdir(heics))[0])
+            tools = [(name, commands) for name, commands in tools
+                     if name == "velmora" or reads_heic(name, sample, args.work)]
         ours = None
         for name, commands in tools:
             out = os.path.join(args.work, "out-" + name)
             shutil.rmtree(out, ignore_errors=True)
             os.makedirs(out)
-            seconds, peak = run_timed(commands(src, out), args.work)
-            rate = count / seconds
+            seconds, peak = run_timed(commands(job_src, out), args.work)
+            rate = len(os.listdir(job_src)) / seconds
             ours = rate if name == "velmora" else ours
             ratio = "" if name == "velmora" else "%.2fx" % (ours / rate)
             print("| %s | %s | %.1f | %.2f | %.0f | %s |" % (job, name, seconds, rate, peak, ratio))
