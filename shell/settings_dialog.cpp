@@ -72,8 +72,8 @@ SettingsDialog::SettingsDialog(QWidget* owner, engine::Settings& settings)
   Combo1_ = new QComboBox(pages_[0]);
   Combo1_->setObjectName("Combo1");
   Combo1_->setGeometry(kLabelLeft, 16 + 4 * kRow, 200, 24);
-  Check15_ = check(pages_[0], "Check15", "Rotate by camera orientation", 5);
-  Check16_ = check(pages_[0], "Check16", "Keep colour profiles", 6);
+  Check15_ = check(pages_[0], "Check15", "Rotate by camera orientation", 6);
+  Check16_ = check(pages_[0], "Check16", "Keep colour profiles", 7);
 
   Check4_ = check(pages_[1], "Check4", "Use proxy:", 0);
   Label7_ = label(pages_[1], "Label7", "IP:", 1);
