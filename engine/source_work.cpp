@@ -34,7 +34,7 @@ std::vector<Handle> LoadPages(imaging::ImagingLibrary& lib, const std::string& p
   // operation and the save fail quietly, and its name is still recorded.
   if (pages.empty()) pages.assign(1, 0);
   if (upright) {
-    for (const Handle page : pages) lib.TurnUpright(page, result);
+    for (std::size_t p = 0; p < pages.size(); ++p) lib.TurnUpright(pages[p], path, static_cast<int>(p), result);
   }
   return pages;
 }
@@ -115,7 +115,7 @@ FinishedSource PictureOfSource(imaging::ImagingLibrary& lib, const std::string& 
   lib.FreeImage_Load(path, image, imaging::kFormatUnknown, 0, result);
   if (result == 0) return finished;
   finished.pages[0].readable = true;
-  if (upright) lib.TurnUpright(image, result);
+  if (upright) lib.TurnUpright(image, path, 0, result);
   finished.picture_ok = FittedPicture(lib, image, FitSourceBox, box_width, box_height, finished.picture);
   lib.Release(image);
   return finished;

@@ -1,8 +1,9 @@
 // EXIF orientation: reading and patching the tag in the TIFF structure, and the turns it asks for.
 #include "imaging/exif_block.h"
 
+#include <array>
 #include <cstring>
-#include <string>
+#include <fstream>
 
 namespace velmora::imaging {
 namespace {
@@ -134,8 +135,34 @@ int CameraOrientation(FIBITMAP* dib) {
   return TiffOrientation(RawExifOf(dib));
 }
 
-bool TurnUpright(Bitmap& page) {
-  const int orientation = CameraOrientation(page.get());
+int TiffFileOrientation(const std::string& path, int page) {
+  // Enough of the file for the header, or for one directory of at most this many entries.
+  constexpr std::size_t kMostEntries = 4096;
+  std::ifstream file(path, std::ios::binary);
+  std::vector<std::uint8_t> bytes(8);
+  if (!file.read(reinterpret_cast<char*>(bytes.data()), 8)) return 1;
+  std::uint32_t directory = TiffBytes(bytes).U32(4);
+  for (int index = 0; directory != 0 && index <= page; ++index) {
+    // Read the directory into a block of its own: its header, then the directory at offset 8.
+    std::vector<std::uint8_t> block(bytes.begin(), bytes.begin() + 8);
+    block[4] = block[5] = block[6] = block[7] = 0;
+    TiffBytes(block).SetU16(block[0] == 'M' ? 6 : 4, 8);
+    std::array<std::uint8_t, 2> count_bytes{};
+    if (!file.seekg(directory) || !file.read(reinterpret_cast<char*>(count_bytes.data()), 2)) return 1;
+    block.insert(block.end(), count_bytes.begin(), count_bytes.end());
+    const std::size_t entries = TiffBytes(block).U16(8);
+    if (entries > kMostEntries) return 1;
+    block.resize(block.size() + entries * 12 + 4);
+    if (!file.read(reinterpret_cast<char*>(block.data()) + 10, static_cast<std::streamsize>(entries * 12 + 4)))
+      return 1;
+    if (index == page) return TiffOrientation(block);
+    directory = TiffBytes(block).U32(10 + entries * 12);
+  }
+  return 1;
+}
+
+bool TurnUpright(Bitmap& page, int orientation) {
+  if (orientation == 0) orientation = CameraOrientation(page.get());
   if (orientation == 1) return true;
   // Positive angles turn anticlockwise. Orientations 5 and 7 are a quarter turn and a mirror.
   const bool mirror = orientation == 2 || orientation == 4 || orientation == 5 || orientation == 7;

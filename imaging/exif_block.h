@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "imaging/bitmap.h"
@@ -26,8 +27,13 @@ void AttachRawExif(FIBITMAP* dib, const std::vector<std::uint8_t>& tiff);
 // The camera orientation recorded with the page, 1 to 8; 1 when none is.
 int CameraOrientation(FIBITMAP* dib);
 
-// Turns and mirrors the page so that it shows upright, keeping its metadata and colour profile,
-// and records orientation 1. A page recorded as upright is left alone. False when a step failed.
-bool TurnUpright(Bitmap& page);
+// The orientation tag (1-8) of page `page` of a TIFF file, from the file's own directories, which
+// FreeImage does not pass on; 1 when the page has none or the file cannot be read.
+int TiffFileOrientation(const std::string& path, int page);
+
+// Turns and mirrors the page so that it shows upright by `orientation` (0: the one the page
+// records), keeping its metadata and colour profile, and records orientation 1. A page upright
+// already is left alone. False when a step failed.
+bool TurnUpright(Bitmap& page, int orientation = 0);
 
 }  // namespace velmora::imaging

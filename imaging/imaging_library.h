@@ -103,9 +103,10 @@ class ImagingLibrary {
   void CopyMetadata(Handle source, Handle destination, CallResult& result);
   // Gives the destination the source's ICC colour profile; a source without one changes nothing.
   void CopyColourProfile(Handle source, Handle destination, CallResult& result);
-  // Turns and mirrors the page as its camera orientation (EXIF) asks, and records it as upright.
-  // A page with no orientation, or orientation 1, stays as it is.
-  void TurnUpright(Handle image, CallResult& result);
+  // Turns and mirrors the page as its camera orientation asks (its EXIF block, or for a TIFF file
+  // the orientation tag of page `page_index` of `source`), and records it as upright. A page with
+  // no orientation, or orientation 1, stays as it is.
+  void TurnUpright(Handle image, const std::string& source, int page_index, CallResult& result);
   void MakeDisplayPicture(Handle image, DisplayPicture& picture, CallResult& result);
 
   // Depth conversions: `out` receives the converted image (it may be the same variable as `image`).

@@ -1,6 +1,7 @@
 // ImagingLibrary's transforms: rescaling, rotation, flips and the tone adjustments, all on the
 // page behind an in/out handle.
 #include "imaging/exif_block.h"
+#include "imaging/image_files.h"
 #include "imaging/imaging_library.h"
 #include "imaging/library_state.h"
 #include "imaging/nearest_rescale.h"
@@ -67,13 +68,16 @@ void ImagingLibrary::FlipImage(Handle& image, std::int32_t mode, CallResult& res
   });
 }
 
-void ImagingLibrary::TurnUpright(Handle image, CallResult& result) {
+void ImagingLibrary::TurnUpright(Handle image, const std::string& source, int page_index, CallResult& result) {
   Report(result, [&] {
     FIBITMAP* dib = state_->images.Find(image);
     if (!dib) return false;
-    if (CameraOrientation(dib) == 1) return true;
+    int orientation = CameraOrientation(dib);
+    if (orientation == 1 && DetectReadableFormat(source) == FIF_TIFF)
+      orientation = TiffFileOrientation(source, page_index);
+    if (orientation == 1) return true;
     Bitmap page(FreeImage_Clone(dib));
-    return page && imaging::TurnUpright(page) && state_->images.Replace(image, std::move(page));
+    return page && imaging::TurnUpright(page, orientation) && state_->images.Replace(image, std::move(page));
   });
 }
 

@@ -203,7 +203,7 @@ double MeanDifference(FIBITMAP* a, FIBITMAP* b) {
 }
 
 // Phone photos: HEIC and AVIF files made by libheif's own encoder convert to JPEG, PNG, WebP and AVIF at their size and
-// near their pixels, a two-image HEIC into two pages, with the source's colour profile.
+// near their pixels, a two-image HEIC into two pages, with the source's colour profile; so does the PNG they came from.
 TEST_F(Batch, ConvertsPhonePhotosToEveryPhotoFormat) {
   const std::string icc = ReadWholeFile("/usr/share/color/icc/sRGB.icc");
   ASSERT_TRUE(samples::WritePhoto(Work("photo.png"), 64, 48, 5));
@@ -221,10 +221,10 @@ TEST_F(Batch, ConvertsPhonePhotosToEveryPhotoFormat) {
     const std::string folder = "out-" + format;
     const auto [status, out, err] =
         Run({"-q", "--profile", "job.profile", "--format", format == "jpg" ? "jpeg" : format, "--output-folder", folder,
-             "one.heic", "two.heic", "phone.avif"});
+             "one.heic", "two.heic", "phone.avif", "photo.png"});
     ASSERT_EQ(status, 0) << err;
-    const std::vector<std::string> names = {"one." + format, "phone." + format, "two (page 0)." + format,
-                                            "two (page 1)." + format};
+    const std::vector<std::string> names = {"one." + format, "phone." + format, "photo." + format,
+                                            "two (page 0)." + format, "two (page 1)." + format};
     ASSERT_EQ(Names(Work(folder)), names);
     for (const std::string& name : names) {
       const std::vector<imaging::Bitmap> pages = imaging::LoadImagePages(Work(folder + "/" + name));
@@ -237,12 +237,15 @@ TEST_F(Batch, ConvertsPhonePhotosToEveryPhotoFormat) {
 }
 
 // A camera JPEG stored on its side (orientation 6) comes out upright with "Rotate by camera orientation" on, as a new
-// profile has it, and as stored with it off; a profile written before the setting existed converts exactly as "off".
+// profile has it, and as stored with it off; "Keep colour profiles" likewise. A profile written before the two settings
+// existed converts exactly as with them off.
 TEST_F(Batch, TurnsCameraShotsUprightOnlyWhenTheProfileSaysSo) {
   ASSERT_TRUE(samples::WritePhoto(Work("side.png"), 32, 16, 7));
   const imaging::Bitmap side = imaging::LoadImageFile(Work("side.png"), -1, 0);
   imaging::AttachRawExif(side.get(),
                          {'I', 'I', 42, 0, 8, 0, 0, 0, 1, 0, 0x12, 0x01, 3, 0, 1, 0, 0, 0, 6, 0, 0, 0, 0, 0, 0, 0});
+  std::string icc = ReadWholeFile("/usr/share/color/icc/sRGB.icc");
+  FreeImage_CreateICCProfile(side.get(), icc.data(), long(icc.size()));
   ASSERT_TRUE(FreeImage_Save(FIF_JPEG, side.get(), Work("side.jpg").c_str(), 95));
   Profile([](engine::AppState&) {}, "on.profile");
   Profile(
@@ -259,12 +262,12 @@ TEST_F(Batch, TurnsCameraShotsUprightOnlyWhenTheProfileSaysSo) {
   const imaging::Bitmap on = imaging::LoadImageFile(Work("on/side.jpg"), -1, 0),
                         off = imaging::LoadImageFile(Work("off/side.jpg"), -1, 0);
   ASSERT_TRUE(on && off);
-  EXPECT_EQ(
-      std::tuple(FreeImage_GetWidth(on.get()), FreeImage_GetHeight(on.get()), imaging::CameraOrientation(on.get())),
-      std::tuple(16u, 32u, 1));
-  EXPECT_EQ(
-      std::tuple(FreeImage_GetWidth(off.get()), FreeImage_GetHeight(off.get()), imaging::CameraOrientation(off.get())),
-      std::tuple(32u, 16u, 6));
+  const auto facts = [](FIBITMAP* dib) {
+    return std::tuple(FreeImage_GetWidth(dib), FreeImage_GetHeight(dib), imaging::CameraOrientation(dib),
+                      FreeImage_GetICCProfile(dib)->size);
+  };
+  EXPECT_EQ(facts(on.get()), std::tuple(16u, 32u, 1, long(icc.size())));
+  EXPECT_EQ(facts(off.get()), std::tuple(32u, 16u, 6, 0L));
   EXPECT_EQ(ReadWholeFile(Work("old/side.jpg")), ReadWholeFile(Work("off/side.jpg")));
 }
 
