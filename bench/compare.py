@@ -128,7 +128,10 @@ def main():
                     "label:" + MARK, mark_png], check=True)
 
     print("machine: %s, %d cores, %s" % (platform.machine(), CORES, platform.platform()))
-    print("input: %d images of 4000x3000 (%d JPEG, %d PNG, %d TIFF)\n" % (count, args.jpegs, args.others, args.others))
+    print("input: %d images of 4000x3000 (%d JPEG, %d PNG, %d TIFF)" % (count, args.jpegs, args.others, args.others))
+    if "heic-jpeg" in args.jobs:
+        print("heic-jpeg input: %d HEIC images made from the first JPEGs by heif-enc -q 90" % len(os.listdir(heics)))
+    print()
     print("| job | tool | seconds | images/s | peak MiB | velmora speed-up |")
     print("|---|---|---:|---:|---:|---:|")
     for job in args.jobs.split(","):

@@ -104,13 +104,16 @@ void AttachExif(const heif_image_handle* handle, FIBITMAP* dib) {
   AttachRawExif(dib, tiff);
 }
 
+bool PlausibleSize(const heif_image_handle* handle) {
+  const int width = heif_image_handle_get_width(handle), height = heif_image_handle_get_height(handle);
+  return width > 0 && height > 0 && std::uint64_t(width) * std::uint64_t(height) <= kMostPlausiblePixels;
+}
+
 Bitmap DecodeImage(heif_context* context, heif_item_id id) {
   heif_image_handle* raw_handle = nullptr;
   if (heif_context_get_image_handle(context, id, &raw_handle).code != heif_error_Ok) return nullptr;
   const HeifImageHandle handle(raw_handle);
-  const int width = heif_image_handle_get_width(raw_handle);
-  const int height = heif_image_handle_get_height(raw_handle);
-  if (width <= 0 || height <= 0 || std::uint64_t(width) * std::uint64_t(height) > kMostPlausiblePixels) return nullptr;
+  if (!PlausibleSize(raw_handle)) return nullptr;
   const bool alpha = heif_image_handle_has_alpha_channel(raw_handle) != 0;
   const int bits = std::clamp(heif_image_handle_get_luma_bits_per_pixel(raw_handle), 8, 16);
   const heif_chroma chroma = bits > 8
@@ -143,8 +146,12 @@ bool IsHeifFile(const std::string& path) {
 int CountHeifPages(const std::string& path) {
   const HeifContext context = OpenContext(path);
   if (!context) return 0;
-  // As with other formats, the first image must read before the file counts as having pages.
-  if (!DecodeImage(context.get(), TopLevelImages(context.get(), true).front())) return 0;
+  // As with formats whose header FreeImage reads alone, the primary image's header must read and
+  // claim a plausible size; its pixels are decoded once, when the pages are loaded.
+  heif_image_handle* primary = nullptr;
+  if (heif_context_get_primary_image_handle(context.get(), &primary).code != heif_error_Ok) return 0;
+  const HeifImageHandle handle(primary);
+  if (!PlausibleSize(primary)) return 0;
   return std::max(0, heif_context_get_number_of_top_level_images(context.get()));
 }
 
