@@ -5,6 +5,7 @@
 
 #include <unistd.h>
 #include <atomic>
+#include <cstdlib>
 #include <fstream>
 #include <random>
 #include <sstream>
@@ -22,6 +23,31 @@ TempFolder::TempFolder() {
 TempFolder::~TempFolder() {
   std::error_code ignored;
   std::filesystem::remove_all(path_, ignored);
+}
+
+double MeanDifference(FIBITMAP* a, FIBITMAP* b) {
+  FIBITMAP* a8 = FreeImage_ConvertTo24Bits(a);
+  FIBITMAP* b8 = FreeImage_ConvertTo24Bits(b);
+  const unsigned width = FreeImage_GetWidth(a8), height = FreeImage_GetHeight(a8);
+  const bool same = width > 0 && height > 0 && width == FreeImage_GetWidth(b8) && height == FreeImage_GetHeight(b8);
+  double sum = 0;
+  for (unsigned y = 0; same && y < height; ++y) {
+    const BYTE *pa = FreeImage_GetScanLine(a8, int(y)), *pb = FreeImage_GetScanLine(b8, int(y));
+    for (unsigned i = 0; i < width * 3; ++i) sum += std::abs(pa[i] - pb[i]);
+  }
+  FreeImage_Unload(a8), FreeImage_Unload(b8);
+  return same ? sum / (3.0 * width * height) : 1e9;
+}
+
+std::string ColourProfileOf(FIBITMAP* dib) {
+  const FIICCPROFILE* profile = FreeImage_GetICCProfile(dib);
+  return profile->size > 0 ? std::string(static_cast<const char*>(profile->data), std::size_t(profile->size)) : "";
+}
+
+bool HeifEnc(const std::filesystem::path& folder, const std::string& sources, const std::string& out,
+             const std::string& options) {
+  const std::string command = "cd '" + folder.string() + "' && heif-enc " + options + " -o " + out + " " + sources;
+  return std::system((command + " >/dev/null 2>&1").c_str()) == 0;
 }
 
 ImageFacts ReadImageFacts(const std::string& path) {

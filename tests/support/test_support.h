@@ -9,6 +9,8 @@
 
 #include "engine/run_view.h"
 
+struct FIBITMAP;
+
 namespace velmora::testing {
 
 // A fresh folder under the system temp folder, removed with its contents when the object goes.
@@ -36,6 +38,15 @@ struct ImageFacts {
   int pages = 0;
 };
 ImageFacts ReadImageFacts(const std::string& path);
+
+// Mean absolute difference of the red, green and blue samples of two pages at 8 bits; 1e9 when their sizes differ.
+double MeanDifference(FIBITMAP* a, FIBITMAP* b);
+// The page's ICC profile as bytes; empty when it has none.
+std::string ColourProfileOf(FIBITMAP* dib);
+// Runs libheif's own encoder (heif-enc) in `folder`: one HEIF file `out` of the images `sources` (names separated by
+// spaces); the extension picks HEVC or AV1.
+bool HeifEnc(const std::filesystem::path& folder, const std::string& sources, const std::string& out,
+             const std::string& options = "-q 95");
 
 // A RunView that keeps everything it is told.
 // Records what a run shows; `Base` is the view interface it stands for (a preview view adds the
