@@ -84,8 +84,11 @@ class MainWindow : public QWidget, public engine::RunView, public preview::Previ
   void RefreshProfile();
 
   // Source list commands.
-  void AddImages();         // Button1
-  void AddFolder();         // Button2
+  void AddImages();  // Button1
+  void AddFolder();  // Button2
+  // Files and folders named on the command line ("Open with"): each file as "Add Images" takes it,
+  // each folder as "Add Folder" scans it, in the order given.
+  void AddCommandLineSources(const std::vector<std::string>& paths);
   void RemoveSelected();    // Button3
   void RemoveAllSources();  // Button4
   void DropFiles(const std::vector<std::string>& paths);
@@ -155,6 +158,8 @@ class MainWindow : public QWidget, public engine::RunView, public preview::Previ
   bool focusNextPrevChild(bool next) override;
 
  private:
+  // Scans `folder` and its subfolders into the source list, as "Add Folder" does.
+  void AddFolderContents(const std::string& folder);
   // Cuts a chain longer than the operation list holds, and tells the user so.
   void CutChainToWhatTheListHolds();
   void BuildWindow();

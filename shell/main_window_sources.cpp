@@ -1,6 +1,7 @@
 // The source list's commands: "Add Images", "Add Folder", drops, "Remove", "Remove All", and the
 // hint's timer.
 #include <QCoreApplication>
+#include <filesystem>
 
 #include "engine/source_scan.h"
 #include "shell/main_window.h"
@@ -41,26 +42,45 @@ void MainWindow::AddImages() {
   Timer2_Timer();
 }
 
+void MainWindow::AddFolderContents(const std::string& folder) {
+  WaitWindow wait(this);
+  wait.Open();
+  std::vector<std::string> result(1);
+  engine::ScanFolder(folder, engine::kAllImageFilePatterns, result);
+  AddScannedNames(
+      result,
+      [this](const std::string& name) {
+        if (!lwSrc()->GetFileIcon(name).isEmpty()) lwSrc()->AddItem(name);
+      },
+      [] { QCoreApplication::processEvents(); });
+  wait.Close();
+}
+
 void MainWindow::AddFolder() {
   const std::string folder = services_.ChooseFolder(this);
-  if (!folder.empty()) {
-    WaitWindow wait(this);
-    wait.Open();
-    std::vector<std::string> result(1);
-    engine::ScanFolder(folder, engine::kAllImageFilePatterns, result);
-    AddScannedNames(
-        result,
-        [this](const std::string& name) {
-          if (!lwSrc()->GetFileIcon(name).isEmpty()) lwSrc()->AddItem(name);
-        },
-        [] { QCoreApplication::processEvents(); });
-    wait.Close();
-  }
+  if (!folder.empty()) AddFolderContents(folder);
   if (lwSrc()->topLevelItemCount() > 0) {
     SelectLastIfNone(lwSrc());
     // Inside the branch of a list with items this never holds, so an empty scan ends silently.
     if (lwSrc()->topLevelItemCount() == 0) services_.Inform(this, "No files found!");
   }
+  lwSrc()->setFocus();
+  state_.preview.PreviewDirty = engine::kTrue;
+  Timer2_Timer();
+}
+
+void MainWindow::AddCommandLineSources(const std::vector<std::string>& paths) {
+  if (paths.empty()) return;
+  for (const std::string& given : paths) {
+    std::error_code error;
+    const std::filesystem::path path = std::filesystem::absolute(given, error);
+    if (error) continue;
+    if (std::filesystem::is_directory(path, error))
+      AddFolderContents(path.lexically_normal().string());
+    else
+      lwSrc()->AddItem(path.lexically_normal().string());
+  }
+  SelectLastIfNone(lwSrc());
   lwSrc()->setFocus();
   state_.preview.PreviewDirty = engine::kTrue;
   Timer2_Timer();

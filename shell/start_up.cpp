@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 
 #include "settings/data_folders.h"
 #include "settings/session.h"
@@ -48,6 +49,16 @@ int Main(int argc, char** argv) {
     std::_Exit(0);
   });
   services.SetFontOwner(window.get());
+  // What is left after Qt took its own options: files and folders to open, as "Open with" gives.
+  std::vector<std::string> sources;
+  const QStringList arguments = QApplication::arguments();
+  for (qsizetype i = 1; i < arguments.size(); ++i) sources.push_back(arguments[i].toStdString());
+  window->AddCommandLineSources(sources);
+  // A hook for the package check: the source list as the window holds it after the start.
+  if (const char* report = std::getenv("VELMORA_REPORT_SOURCES")) {
+    std::ofstream out(report);
+    for (const std::string& row : window->lwSrc()->Rows().rows) out << row << '\n';
+  }
   return application.exec();
 }
 

@@ -81,6 +81,20 @@ TEST_F(SourceListTest, AddFolderScansTheTreeFilesBeforeSubfolders) {
   EXPECT_TRUE(services.informed.empty());
 }
 
+// Files and folders given on the command line ("Open with") join as "Add Images" and "Add Folder" would, in their
+// order; a relative name is read from the current folder, and a file listed already is not listed again.
+TEST_F(SourceListTest, CommandLineFilesAndFoldersJoinInTheirOrder) {
+  std::filesystem::create_directories(work.path() / "tree");
+  ASSERT_TRUE(samples::WritePhotoJpeg(work.file("tree/top.jpg"), 30, 30));
+  const std::string a = Photo("a.jpg");
+  const std::filesystem::path started_in = std::filesystem::current_path();
+  std::filesystem::current_path(work.path());
+  window->AddCommandLineSources({"tree", a, "./a.jpg"});
+  std::filesystem::current_path(started_in);
+  EXPECT_EQ(Rows(), (std::vector<std::string>{work.file("tree/top.jpg"), a}));
+  EXPECT_EQ(window->pass().LastPreviewFile, a);
+}
+
 TEST_F(SourceListTest, DropsOnTheListAndTheHintTakeFilesButNotFolders) {
   const std::string a = Photo("a.jpg"), b = Photo("b.jpg");
   std::filesystem::create_directories(work.path() / "folder");
