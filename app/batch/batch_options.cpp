@@ -120,11 +120,10 @@ template, exactly as the Velmora window would convert it.
 Sources are image files and folders. A folder is searched with all its
 subfolders for the file types Velmora reads (*.bmp, *.jpg, *.jpeg, *.png,
 *.gif, *.tif, *.tiff, *.ico, *.exr, *.psd, *.heic, *.heif, *.avif, *.webp and
-more, in any letter case): the
-files of a folder come first, type by type in that list's order and by name
-within a type, then its subfolders by name. A file named on the command line
-is taken whatever its type. Empty files, and paths already taken, are passed
-over.
+more, in any letter case): the files of a folder come first, type by type in
+that list's order and by name within a type, then its subfolders by name. A
+file named on the command line is taken whatever its type. Empty files, and
+paths already taken, are passed over.
 
 The job:
   --profile FILE       run the job saved in FILE (a .profile file). Without it,
@@ -175,8 +174,8 @@ not work) are listed afterwards as warnings on standard error. Images are
 decoded and converted in worker processes (velmora-worker, installed beside
 velmora-batch), each with a memory budget of half the machine's memory: a
 damaged file that crashes a decoder, or exhausts its budget, costs only that
-file, which is named in a warning. The job's "open
-the target folder" choice is a desktop action and does nothing here.
+file, which is named in a warning. The job's "open the target folder" choice
+is a desktop action and does nothing here.
 
 Every file is written under a temporary name beside its final one and renamed
 into place only when complete, so an interrupted run or a full disk never

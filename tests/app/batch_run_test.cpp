@@ -11,6 +11,8 @@
 #include <chrono>
 #include <cstdio>
 #include <functional>
+#include <set>
+#include <sstream>
 #include <thread>
 #include <tuple>
 
@@ -423,6 +425,31 @@ TEST(BatchOptions, FormatNamesInAnyLetterCase) {
                                                           {"exr", 6}, {"webp", 7}, {"AVIF", 8}};
   for (const auto& [name, index] : names) EXPECT_EQ(app::OutputFormatFromName(name), index) << name;
   EXPECT_FALSE(app::OutputFormatFromName("heic") || app::OutputFormatFromName(""));
+}
+
+// The man page and the bash completion name every option the help names, and the completion offers a name for each
+// output format and only names --format takes.
+TEST(BatchOptions, ManPageAndCompletionKeepStepWithTheHelp) {
+  const std::string help = app::BatchHelpText();
+  const std::string man = ReadWholeFile(VELMORA_SOURCE_DIR "/data/man/velmora-batch.1");
+  const std::string completion = ReadWholeFile(VELMORA_SOURCE_DIR "/data/completion/velmora-batch");
+  int options = 0;
+  for (std::size_t at = help.find(" --"); at != std::string::npos; at = help.find(" --", at + 1), ++options) {
+    const std::string option = help.substr(at + 1, help.find_first_of(" ,\n", at + 1) - at - 1);
+    std::string escaped;
+    for (const char c : option) escaped += c == '-' ? std::string("\\-") : std::string(1, c);
+    EXPECT_NE(man.find(escaped), std::string::npos) << option;
+    EXPECT_NE(completion.find(option + ' '), std::string::npos) << option;
+  }
+  EXPECT_GE(options, 9);
+  const std::size_t list = completion.find("compgen -W \"") + 12;
+  std::istringstream names(completion.substr(list, completion.find('"', list) - list));
+  std::set<int> formats;
+  for (std::string name; names >> name;) {
+    ASSERT_TRUE(app::OutputFormatFromName(name)) << name;
+    formats.insert(*app::OutputFormatFromName(name));
+  }
+  EXPECT_EQ(formats.size(), 9u);
 }
 
 }  // namespace
