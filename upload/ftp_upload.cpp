@@ -14,19 +14,6 @@ void SetProgressBar(UploadView& view, int maximum) {
   view.SetProgressValue(0);
 }
 
-FtpConnection ConnectionOf(const engine::Settings& settings) {
-  FtpConnection connection;
-  connection.ConnectTimeoutSeconds = 5;
-  connection.KeepSessionLog = true;
-  connection.Hostname = CheckFTP(settings.FtpHost);
-  connection.Username = settings.FtpLogin;
-  connection.Password = settings.FtpPassword;
-  connection.Port = FtpPortValue(settings.FtpPort);
-  connection.Secure = settings.FtpSecure != 0;
-  connection.Passive = settings.FtpPassive == 1;
-  return connection;
-}
-
 // Sends the files one after the other; each transfer runs while the window is polled.
 void SendFiles(const engine::AppState& state, UploadState& upload, UploadView& view, FtpClient& ftp) {
   const engine::WrittenFileList& files = state.WrittenFiles;
@@ -57,7 +44,7 @@ void Run(const engine::AppState& state, UploadState& upload, UploadView& view, c
   ftp->OnEndUploadFile = [&view](const std::string&, std::int64_t) { view.SetProcessLogStatus("Upload complete."); };
 
   view.Yield();
-  if (!ftp->Connect(ConnectionOf(state.settings))) {
+  if (!ftp->Connect(FtpConnectionOf(state.settings))) {
     view.ShowMessage(MsgErr(ftp->LastErrorXml()), MessageIcon::kExclamation, MessageButtons::kOk);
     view.SetStatus("Failed");
     view.SetFile("");
@@ -77,6 +64,19 @@ void Run(const engine::AppState& state, UploadState& upload, UploadView& view, c
 }
 
 }  // namespace
+
+FtpConnection FtpConnectionOf(const engine::Settings& settings) {
+  FtpConnection connection;
+  connection.ConnectTimeoutSeconds = 5;
+  connection.KeepSessionLog = true;
+  connection.Hostname = CheckFTP(settings.FtpHost);
+  connection.Username = settings.FtpLogin;
+  connection.Password = settings.FtpPassword;
+  connection.Port = FtpPortValue(settings.FtpPort);
+  connection.Secure = settings.FtpSecure != 0;
+  connection.Passive = settings.FtpPassive == 1;
+  return connection;
+}
 
 void Button7Click(const engine::AppState& state, UploadState& upload, UploadView& view, const ServiceHosts& hosts) {
   if (TrimBlanks(state.settings.FtpHost).empty()) {

@@ -3,11 +3,15 @@
 #pragma once
 
 #include "engine/app_state.h"
+#include "upload/ftp_client.h"
 #include "upload/service_hosts.h"
 #include "upload/upload_state.h"
 #include "upload/upload_view.h"
 
 namespace velmora::upload {
+
+// The session settings of `settings`: server, port, account, TLS and passive mode.
+FtpConnection FtpConnectionOf(const engine::Settings& settings);
 
 // The button: opens the settings dialog on its FTP tab when no server is set, else uploads.
 void Button7Click(const engine::AppState& state, UploadState& upload, UploadView& view,

@@ -7,6 +7,7 @@
 #include "app/batch/batch_job.h"
 #include "app/batch/batch_options.h"
 #include "app/batch/batch_sources.h"
+#include "app/batch/batch_upload.h"
 #include "app/batch/batch_view.h"
 #include "engine/go_process.h"
 
@@ -51,6 +52,10 @@ int RunBatch(const std::vector<std::string>& arguments, std::FILE* out, std::FIL
   ApplyOverrides(state, options);
   if (const std::string problem = PrepareOutputFolder(state, options.output_folder.has_value()); !problem.empty())
     return Fail(err, kExitFailure, problem);
+  if (options.upload_ftp) {
+    if (const std::string problem = CheckUploadSettings(state.settings); !problem.empty())
+      return Fail(err, kExitFailure, problem);
+  }
   if (!profile_notice.empty()) std::fprintf(err, "velmora-batch: %s\n", profile_notice.c_str());
 
   // Sources are decoded only in worker processes: without the worker program there is no run.
@@ -65,7 +70,9 @@ int RunBatch(const std::vector<std::string>& arguments, std::FILE* out, std::FIL
     std::fprintf(err, "velmora-batch: warning: %s\n", failure.c_str());
     not_written = not_written || failure.rfind(engine::kCannotWrite, 0) == 0;
   }
-  return not_written ? kExitNotWritten : kExitOk;
+  if (not_written) return kExitNotWritten;
+  if (options.upload_ftp && !UploadWrittenFiles(state, view, err)) return kExitNotUploaded;
+  return kExitOk;
 }
 
 }  // namespace velmora::app

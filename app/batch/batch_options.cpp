@@ -14,7 +14,7 @@ namespace {
 
 bool TakesValue(std::string_view option) {
   return option == "--profile" || option == "--output-folder" || option == "--format" || option == "--template" ||
-         option == "--jobs" || option == "--source-timeout";
+         option == "--jobs" || option == "--source-timeout" || option == "--upload";
 }
 
 // A whole number of at least 1, or nothing.
@@ -40,6 +40,9 @@ std::string StoreValue(BatchOptions& options, std::string_view option, const std
   } else if (option == "--template") {
     if (value.empty()) return "--template needs a non-empty template";
     options.name_template = value;
+  } else if (option == "--upload") {
+    if (!engine::EqualsIgnoreCase(value, "ftp")) return "unknown upload '" + value + "' (use ftp)";
+    options.upload_ftp = true;
   } else if (option == "--jobs" || option == "--source-timeout") {
     const std::optional<int> number = PositiveNumber(value);
     if (!number) return std::string(option) + " needs a whole number of at least 1, not '" + value + "'";
@@ -146,6 +149,11 @@ The job:
   --source-timeout S   give up on a source that takes longer than S seconds to
                        read, convert and encode (default: 300); it is then
                        passed over like an unreadable one
+  --upload ftp         when the run ends, send the files it wrote to the FTP
+                       server, folder and account of the job's settings, as the
+                       window's "Upload to FTP" does; each file that did not
+                       arrive (a transfer error, a refusal, a size that
+                       differs) is named in a warning
 
 Formats:
   format       read  written  notes
@@ -190,6 +198,8 @@ Exit status:
   2  bad command line
   3  the run took place, but some output files could not be written (each is
      named in a warning; nothing partial was left under its name)
+  4  the run took place and every file was written, but some did not arrive
+     by --upload (each is named in a warning)
 )";
 }
 

@@ -10,10 +10,11 @@
 
 namespace velmora::app {
 
-inline constexpr int kExitOk = 0;          // the run took place
-inline constexpr int kExitFailure = 1;     // a missing profile or source, no images, no output folder
-inline constexpr int kExitUsage = 2;       // a bad command line
-inline constexpr int kExitNotWritten = 3;  // the run took place, but some output files could not be written
+inline constexpr int kExitOk = 0;           // the run took place
+inline constexpr int kExitFailure = 1;      // a missing profile or source, no images, no output folder
+inline constexpr int kExitUsage = 2;        // a bad command line
+inline constexpr int kExitNotWritten = 3;   // the run took place, but some output files could not be written
+inline constexpr int kExitNotUploaded = 4;  // the run took place, but some files did not arrive by upload
 
 struct BatchOptions {
   std::vector<std::string> sources;           // files and folders, in the order given
@@ -23,6 +24,7 @@ struct BatchOptions {
   std::optional<std::string> name_template;   // --template
   int jobs = 0;                               // --jobs: workers; 0 means one per core
   int source_timeout = 300;                   // --source-timeout, in seconds
+  bool upload_ftp = false;                    // --upload ftp
   bool quiet = false;
   bool help = false;
   bool version = false;

@@ -32,7 +32,8 @@ class BatchView : public engine::RunView {
   const std::vector<std::string>& failures() const { return failures_; }
 
  private:
-  bool Processing() const { return status_ == "Processing..."; }
+  // While converting or uploading, file names move the bar instead of printing lines.
+  bool Processing() const { return status_ == "Processing..." || status_ == "Uploading..."; }
   void ShowProgress(const std::string& file_text);
   void ClearBar();
   void PrintLine(const std::string& text);

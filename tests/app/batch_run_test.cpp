@@ -119,6 +119,7 @@ TEST_F(Batch, RefusesABadRunUpFrontAndConvertsAGoodOneInScanOrder) {
       {{"--profile=", "pics"}, 2, "--profile needs a file name"},
       {{"--template", "", "pics"}, 2, "--template needs a non-empty template"},
       {{"--quiet=yes", "pics"}, 2, "--quiet takes no value"},
+      {{"--upload", "album", "pics"}, 2, "unknown upload 'album' (use ftp)"},
       {{"--profile", "missing.profile", "pics"}, 1, "profile not found: missing.profile"},
       {{"--profile", "pics", "pics"}, 1, "profile is a folder, not a file: pics"},
       {{"pics", "nope.jpg"}, 1, "no such file or folder: nope.jpg"},
@@ -134,13 +135,18 @@ TEST_F(Batch, RefusesABadRunUpFrontAndConvertsAGoodOneInScanOrder) {
       {{"--profile", "job.profile", "pics"},
        1,
        "output folder does not exist and the job's \"Always Create Output Folder\" is off: " + Work("halves/")},
+      {{"--upload=FTP", "pics"},
+       1,
+       "--upload ftp needs an FTP server in the job's settings (Program Settings, FTP tab, in the window)"},
   };
   for (const auto& [arguments, code, message] : cases) {
     EXPECT_EQ(Run(arguments), (Result{code, "",
                                       "velmora-batch: " + message + "\n" +
                                           (code == 2 ? "Try 'velmora-batch --help' for more information.\n" : "")}));
-    // The data folders are made only once the job is loaded.
-    EXPECT_TRUE(message.find("output folder") != std::string::npos || fs::is_empty(home_.path())) << message;
+    // The data folders are made only once the job is loaded, which the upload check needs.
+    EXPECT_TRUE(message.find("output folder") != std::string::npos || message.starts_with("--upload ftp") ||
+                fs::is_empty(home_.path()))
+        << message;
   }
   EXPECT_EQ(Run({"--help"}), (Result{0, app::BatchHelpText(), ""}));
   EXPECT_EQ(Run({"--version"}), (Result{0, app::BatchVersionText(), ""}));
@@ -253,6 +259,32 @@ TEST_F(Batch, TurnsCameraShotsUprightOnlyWhenTheProfileSaysSo) {
   EXPECT_EQ(facts(on.get()), std::tuple(16u, 32u, 1, long(icc.size())));
   EXPECT_EQ(facts(off.get()), std::tuple(32u, 16u, 6, 0L));
   EXPECT_EQ(ReadWholeFile(Work("old/side.jpg")), ReadWholeFile(Work("off/side.jpg")));
+}
+
+// --upload ftp sends the run's files to the job's FTP server, a real one on 127.0.0.1, byte for byte. A file the server
+// refuses (a folder stands under its name there) is named, the others still arrive, the password is never printed,
+// and the exit status says some file did not arrive.
+TEST_F(Batch, UploadsTheRunsFilesByFtpAndNamesEachOneRefused) {
+  fs::create_directories(Work("ftp/remote/b.jpg"));
+  const std::string command = "exec /usr/bin/python3 " VELMORA_SOURCE_DIR "/tests/upload/test_server.py ftp ";
+  std::FILE* server = ::popen((command + Work("ftp") + " - 2>/dev/null").c_str(), "r");
+  int pid = 0, port = 0, tls_port = 0;
+  ASSERT_TRUE(server && std::fscanf(server, "%d %d %d", &pid, &port, &tls_port) == 3 && port > 0) << "no pyftpdlib";
+  for (const char* name : {"a.jpg", "b.jpg", "c.jpg"}) ASSERT_TRUE(samples::WritePhotoJpeg(Work(name), 24, 16));
+  Profile([&](engine::AppState& state) {
+    engine::Settings& s = state.settings;
+    s.FtpHost = "127.0.0.1", s.FtpPort = std::to_string(port), s.FtpLogin = "velmora", s.FtpPassword = "s3cret";
+    s.FtpPath = "/remote", s.FtpPassive = 1;
+  });
+  const auto [code, out, err] =
+      Run({"--profile", "job.profile", "--output-folder", "out", "--upload", "ftp", "a.jpg", "b.jpg", "c.jpg"});
+  ::kill(pid, SIGKILL), ::pclose(server);
+  EXPECT_EQ(code, app::kExitNotUploaded) << err;
+  EXPECT_TRUE(out.ends_with("Uploading: c.jpg\n2 of 3 file(s) uploaded.\n")) << out;
+  EXPECT_TRUE(err.starts_with("velmora-batch: warning: not uploaded: out/b.jpg: ") && err.find("s3cret") == err.npos)
+      << err;
+  for (const std::string name : {"a.jpg", "c.jpg"})
+    EXPECT_EQ(ReadWholeFile(Work("ftp/remote/" + name)), ReadWholeFile(Work("out/" + name))) << name;
 }
 
 // Converting a folder into itself replaces every original with its conversion, at any --jobs; also crosswise, with the
