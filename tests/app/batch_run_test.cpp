@@ -272,9 +272,8 @@ TEST_F(Batch, UploadsTheRunsFilesByFtpAndNamesEachOneRefused) {
   ASSERT_TRUE(server && std::fscanf(server, "%d %d %d", &pid, &port, &tls_port) == 3 && port > 0) << "no pyftpdlib";
   for (const char* name : {"a.jpg", "b.jpg", "c.jpg"}) ASSERT_TRUE(samples::WritePhotoJpeg(Work(name), 24, 16));
   Profile([&](engine::AppState& state) {
-    engine::Settings& s = state.settings;
-    s.FtpHost = "127.0.0.1", s.FtpPort = std::to_string(port), s.FtpLogin = "velmora", s.FtpPassword = "s3cret";
-    s.FtpPath = "/remote", s.FtpPassive = 1;
+    state.settings.FtpHost = "127.0.0.1", state.settings.FtpPort = std::to_string(port);  // active data connections
+    state.settings.FtpLogin = "velmora", state.settings.FtpPassword = "s3cret", state.settings.FtpPath = "/remote";
   });
   const auto [code, out, err] =
       Run({"--profile", "job.profile", "--output-folder", "out", "--upload", "ftp", "a.jpg", "b.jpg", "c.jpg"});
@@ -463,25 +462,21 @@ TEST(BatchOptions, FormatNamesInAnyLetterCase) {
 // output format and only names --format takes.
 TEST(BatchOptions, ManPageAndCompletionKeepStepWithTheHelp) {
   const std::string help = app::BatchHelpText();
-  const std::string man = ReadWholeFile(VELMORA_SOURCE_DIR "/data/man/velmora-batch.1");
+  std::string man = ReadWholeFile(VELMORA_SOURCE_DIR "/data/man/velmora-batch.1");
+  std::erase(man, '\\');  // roff writes a hyphen as "\-"
   const std::string completion = ReadWholeFile(VELMORA_SOURCE_DIR "/data/completion/velmora-batch");
   int options = 0;
   for (std::size_t at = help.find(" --"); at != std::string::npos; at = help.find(" --", at + 1), ++options) {
     const std::string option = help.substr(at + 1, help.find_first_of(" ,\n", at + 1) - at - 1);
-    std::string escaped;
-    for (const char c : option) escaped += c == '-' ? std::string("\\-") : std::string(1, c);
-    EXPECT_NE(man.find(escaped), std::string::npos) << option;
+    EXPECT_NE(man.find(option), std::string::npos) << option;
     EXPECT_NE(completion.find(option + ' '), std::string::npos) << option;
   }
   EXPECT_GE(options, 9);
   const std::size_t list = completion.find("compgen -W \"") + 12;
   std::istringstream names(completion.substr(list, completion.find('"', list) - list));
   std::set<int> formats;
-  for (std::string name; names >> name;) {
-    ASSERT_TRUE(app::OutputFormatFromName(name)) << name;
-    formats.insert(*app::OutputFormatFromName(name));
-  }
-  EXPECT_EQ(formats.size(), 9u);
+  for (std::string name; names >> name;) formats.insert(app::OutputFormatFromName(name).value_or(-1));
+  EXPECT_TRUE(formats.size() == 9 && !formats.contains(-1)) << formats.size();
 }
 
 }  // namespace
