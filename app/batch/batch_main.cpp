@@ -4,6 +4,7 @@
 
 #include <unistd.h>
 
+#include "app/batch/batch_album.h"
 #include "app/batch/batch_job.h"
 #include "app/batch/batch_options.h"
 #include "app/batch/batch_sources.h"
@@ -52,9 +53,10 @@ int RunBatch(const std::vector<std::string>& arguments, std::FILE* out, std::FIL
   ApplyOverrides(state, options);
   if (const std::string problem = PrepareOutputFolder(state, options.output_folder.has_value()); !problem.empty())
     return Fail(err, kExitFailure, problem);
-  if (options.upload_ftp) {
-    if (const std::string problem = CheckUploadSettings(state.settings); !problem.empty())
-      return Fail(err, kExitFailure, problem);
+  if (options.upload_ftp || options.upload_album) {
+    const std::string problem =
+        options.upload_ftp ? CheckUploadSettings(state.settings) : CheckAlbumSettings(state.settings);
+    if (!problem.empty()) return Fail(err, kExitFailure, problem);
   }
   if (!profile_notice.empty()) std::fprintf(err, "velmora-batch: %s\n", profile_notice.c_str());
 
@@ -72,6 +74,7 @@ int RunBatch(const std::vector<std::string>& arguments, std::FILE* out, std::FIL
   }
   if (not_written) return kExitNotWritten;
   if (options.upload_ftp && !UploadWrittenFiles(state, view, err)) return kExitNotUploaded;
+  if (options.upload_album && !UploadWrittenFilesToAlbum(state, options.album, view, err)) return kExitNotUploaded;
   return kExitOk;
 }
 

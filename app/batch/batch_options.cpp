@@ -14,7 +14,7 @@ namespace {
 
 bool TakesValue(std::string_view option) {
   return option == "--profile" || option == "--output-folder" || option == "--format" || option == "--template" ||
-         option == "--jobs" || option == "--source-timeout" || option == "--upload";
+         option == "--jobs" || option == "--source-timeout" || option == "--upload" || option == "--album";
 }
 
 // A whole number of at least 1, or nothing.
@@ -41,8 +41,12 @@ std::string StoreValue(BatchOptions& options, std::string_view option, const std
     if (value.empty()) return "--template needs a non-empty template";
     options.name_template = value;
   } else if (option == "--upload") {
-    if (!engine::EqualsIgnoreCase(value, "ftp")) return "unknown upload '" + value + "' (use ftp)";
-    options.upload_ftp = true;
+    options.upload_ftp = engine::EqualsIgnoreCase(value, "ftp");
+    options.upload_album = engine::EqualsIgnoreCase(value, "album");
+    if (!options.upload_ftp && !options.upload_album) return "unknown upload '" + value + "' (use ftp or album)";
+  } else if (option == "--album") {
+    if (value.empty()) return "--album needs an album title";
+    options.album = value;
   } else if (option == "--jobs" || option == "--source-timeout") {
     const std::optional<int> number = PositiveNumber(value);
     if (!number) return std::string(option) + " needs a whole number of at least 1, not '" + value + "'";
@@ -154,6 +158,12 @@ The job:
                        window's "Upload to FTP" does; each file that did not
                        arrive (a transfer error, a refusal, a size that
                        differs) is named in a warning
+  --upload album       when the run ends, post the files it wrote to a web
+                       album of the job's account, as the window's "Upload to
+                       Picasa" does; a sign-in that asks for a captcha must be
+                       made once in the window
+  --album TITLE        the album to post to (needed when the account has more
+                       than one)
 
 Formats:
   format       read  written  notes

@@ -25,6 +25,8 @@ struct BatchOptions {
   int jobs = 0;                               // --jobs: workers; 0 means one per core
   int source_timeout = 300;                   // --source-timeout, in seconds
   bool upload_ftp = false;                    // --upload ftp
+  bool upload_album = false;                  // --upload album
+  std::string album;                          // --album: the title of the web album to post to
   bool quiet = false;
   bool help = false;
   bool version = false;

@@ -119,7 +119,7 @@ TEST_F(Batch, RefusesABadRunUpFrontAndConvertsAGoodOneInScanOrder) {
       {{"--profile=", "pics"}, 2, "--profile needs a file name"},
       {{"--template", "", "pics"}, 2, "--template needs a non-empty template"},
       {{"--quiet=yes", "pics"}, 2, "--quiet takes no value"},
-      {{"--upload", "album", "pics"}, 2, "unknown upload 'album' (use ftp)"},
+      {{"--upload", "web", "pics"}, 2, "unknown upload 'web' (use ftp or album)"},
       {{"--profile", "missing.profile", "pics"}, 1, "profile not found: missing.profile"},
       {{"--profile", "pics", "pics"}, 1, "profile is a folder, not a file: pics"},
       {{"pics", "nope.jpg"}, 1, "no such file or folder: nope.jpg"},
@@ -138,13 +138,17 @@ TEST_F(Batch, RefusesABadRunUpFrontAndConvertsAGoodOneInScanOrder) {
       {{"--upload=FTP", "pics"},
        1,
        "--upload ftp needs an FTP server in the job's settings (Program Settings, FTP tab, in the window)"},
+      {{"--upload", "album", "pics"},
+       1,
+       "--upload album needs a web-album account in the job's settings (Program Settings, Picasa tab, in the "
+       "window)"},
   };
   for (const auto& [arguments, code, message] : cases) {
     EXPECT_EQ(Run(arguments), (Result{code, "",
                                       "velmora-batch: " + message + "\n" +
                                           (code == 2 ? "Try 'velmora-batch --help' for more information.\n" : "")}));
     // The data folders are made only once the job is loaded, which the upload check needs.
-    EXPECT_TRUE(message.find("output folder") != std::string::npos || message.starts_with("--upload ftp") ||
+    EXPECT_TRUE(message.find("output folder") != std::string::npos || message.starts_with("--upload") ||
                 fs::is_empty(home_.path()))
         << message;
   }
@@ -284,6 +288,48 @@ TEST_F(Batch, UploadsTheRunsFilesByFtpAndNamesEachOneRefused) {
       << err;
   for (const std::string name : {"a.jpg", "c.jpg"})
     EXPECT_EQ(ReadWholeFile(Work("ftp/remote/" + name)), ReadWholeFile(Work("out/" + name))) << name;
+}
+
+// --upload album posts the run's files to the album --album names, through the window's sign-in, album and post code,
+// against a service of the test's own. A post the service refuses is named with its answer and the file behind it
+// is not sent; without --album, an account of two albums gets nothing and the titles are listed.
+TEST_F(Batch, PostsTheRunsFilesToTheNamedAlbumAndNamesEachOneNotPosted) {
+  for (const char* folder : {"http", "certs"}) fs::create_directories(Work(folder));
+  WriteWholeFile(Work("http/signed-in.txt"), "SID=s\nAuth=TOKEN\n"),
+      WriteWholeFile(Work("http/full.txt"), "album full");
+  WriteWholeFile(Work("http/feed.xml"),
+                 "<feed><entry><id>http://127.0.0.1/a/entry/111</id><title>Trip</title></entry>"
+                 "<entry><id>http://127.0.0.1/a/entry/222</id><title>Garden</title></entry></feed>");
+  WriteWholeFile(Work("http/routes.txt"),
+                 "POST /accounts/ClientLogin 200 signed-in.txt\n"
+                 "GET /data/feed/api/user/alice 200 feed.xml\n"
+                 "POST /a/feed/222 201 -\nPOST /a/feed/222 403 full.txt\n");
+  const std::string command = "exec /usr/bin/python3 " VELMORA_SOURCE_DIR "/tests/upload/test_server.py http ";
+  std::FILE* server = ::popen((command + Work("http") + " " + Work("certs") + " 2>/dev/null").c_str(), "r");
+  int pid = 0, port = 0, tls_port = 0;
+  ASSERT_TRUE(server && std::fscanf(server, "%d %d %d", &pid, &port, &tls_port) == 3 && port > 0);
+  const std::string service = "127.0.0.1 " + std::to_string(tls_port) + " " + std::to_string(port) + " ";
+  ::setenv("VELMORA_ALBUM_SERVICE", (service + Work("certs/cert.pem")).c_str(), 1);
+  for (const char* name : {"a.jpg", "b.jpg", "c.jpg"}) ASSERT_TRUE(samples::WritePhotoJpeg(Work(name), 24, 16));
+  Profile([](engine::AppState& state) { state.settings.PicasaUsername = "alice"; });
+  const std::vector<std::string> job = {"-q",  "--profile", "job.profile", "--output-folder",
+                                        "out", "--upload",  "album"};
+  std::vector<std::string> named = job, unnamed = job;
+  named.insert(named.end(), {"--album", "Garden", "a.jpg", "b.jpg", "c.jpg"});
+  unnamed.push_back("a.jpg");
+  const auto [code, out, err] = Run(named);
+  const auto [unnamed_code, unnamed_out, unnamed_err] = Run(unnamed);
+  ::unsetenv("VELMORA_ALBUM_SERVICE"), ::kill(pid, SIGKILL), ::pclose(server);
+  const auto has = [](const std::string& text, const std::string& part) { return text.find(part) != text.npos; };
+  EXPECT_EQ(code, app::kExitNotUploaded);
+  EXPECT_TRUE(has(err, "not uploaded: out/b.jpg: Failed to upload photo") && has(err, "403") && has(err, "album full"))
+      << err;
+  EXPECT_TRUE(has(err, "not uploaded: out/c.jpg: not sent after the refusal above\n") && !has(err, "out/a.jpg")) << err;
+  const std::string first_post = ReadWholeFile(Work("http/requests/3"));
+  EXPECT_EQ(first_post.substr(first_post.find("\r\n\r\n") + 4), ReadWholeFile(Work("out/a.jpg")));
+  EXPECT_EQ(unnamed_code, app::kExitNotUploaded);
+  EXPECT_TRUE(has(unnamed_err, "no album titled ''; give one with --album (the account has: Trip, Garden)"))
+      << unnamed_err;
 }
 
 // Converting a folder into itself replaces every original with its conversion, at any --jobs; also crosswise, with the
