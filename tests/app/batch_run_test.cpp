@@ -266,8 +266,8 @@ TEST_F(Batch, TurnsCameraShotsUprightOnlyWhenTheProfileSaysSo) {
 }
 
 // --upload ftp sends the run's files to the job's FTP server, a real one on 127.0.0.1, byte for byte. A file the server
-// refuses (a folder stands under its name there) is named, the others still arrive, the password is never printed,
-// and the exit status says some file did not arrive.
+// refuses (a folder stands under its name there: as root, a read-only folder would refuse nothing) is named, the others
+// still arrive, the password is never printed, and the exit status says some file did not arrive.
 TEST_F(Batch, UploadsTheRunsFilesByFtpAndNamesEachOneRefused) {
   fs::create_directories(Work("ftp/remote/b.jpg"));
   const std::string command = "exec /usr/bin/python3 " VELMORA_SOURCE_DIR "/tests/upload/test_server.py ftp ";
@@ -279,8 +279,12 @@ TEST_F(Batch, UploadsTheRunsFilesByFtpAndNamesEachOneRefused) {
     state.settings.FtpHost = "127.0.0.1", state.settings.FtpPort = std::to_string(port);  // active data connections
     state.settings.FtpLogin = "velmora", state.settings.FtpPassword = "s3cret", state.settings.FtpPath = "/remote";
   });
-  const auto [code, out, err] =
-      Run({"--profile", "job.profile", "--output-folder", "out", "--upload", "ftp", "a.jpg", "b.jpg", "c.jpg"});
+  const std::vector<std::string> job = {"--profile", "job.profile", "--output-folder", "out", "--upload", "ftp"};
+  std::vector<std::string> good = job, with_refused = job;
+  good.insert(good.end(), {"-q", "a.jpg", "c.jpg"}),
+      with_refused.insert(with_refused.end(), {"a.jpg", "b.jpg", "c.jpg"});
+  EXPECT_EQ(Run(good), (Result{0, "", ""}));  // every file arrives
+  const auto [code, out, err] = Run(with_refused);
   ::kill(pid, SIGKILL), ::pclose(server);
   EXPECT_EQ(code, app::kExitNotUploaded) << err;
   EXPECT_TRUE(out.ends_with("Uploading: c.jpg\n2 of 3 file(s) uploaded.\n")) << out;
