@@ -103,7 +103,7 @@ heif_error Append(heif_context*, const void* data, std::size_t size, void* targe
 
 bool EncodeAvif(FIBITMAP* dib, int flags, std::vector<std::uint8_t>& bytes) {
   bytes.clear();
-  if (!dib || FreeImage_GetWidth(dib) == 0 || FreeImage_GetHeight(dib) == 0) return false;
+  if (FreeImage_GetWidth(dib) == 0 || FreeImage_GetHeight(dib) == 0) return false;  // also for no page at all
   const bool ten_bits = (flags & kAvifTenBitsFlag) != 0;
   // Like "24", the 10-bit choice has no alpha: libaom cannot code the alpha plane at that depth.
   const bool alpha = !ten_bits && HasAlpha(dib);

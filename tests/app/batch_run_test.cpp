@@ -320,12 +320,14 @@ TEST_F(Batch, PostsTheRunsFilesToTheNamedAlbumAndNamesEachOneNotPosted) {
                                         "out", "--upload",  "album"};
   std::vector<std::string> named = job, unnamed = job;
   named.insert(named.end(), {"--album", "Garden", "a.jpg", "b.jpg", "c.jpg"});
+  named.erase(named.begin());  // with its progress lines
   unnamed.push_back("a.jpg");
   const auto [code, out, err] = Run(named);
   const auto [unnamed_code, unnamed_out, unnamed_err] = Run(unnamed);
   ::unsetenv("VELMORA_ALBUM_SERVICE"), ::kill(pid, SIGKILL), ::pclose(server);
   const auto has = [](const std::string& text, const std::string& part) { return text.find(part) != text.npos; };
   EXPECT_EQ(code, app::kExitNotUploaded);
+  EXPECT_TRUE(out.ends_with("[1/3] Uploading: a.jpg\n[2/3] Uploading: b.jpg\n1 of 3 file(s) uploaded.\n")) << out;
   EXPECT_TRUE(has(err, "not uploaded: out/b.jpg: Failed to upload photo") && has(err, "403") && has(err, "album full"))
       << err;
   EXPECT_TRUE(has(err, "not uploaded: out/c.jpg: not sent after the refusal above\n") && !has(err, "out/a.jpg")) << err;

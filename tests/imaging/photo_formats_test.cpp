@@ -132,6 +132,13 @@ TEST(PhotoFormats, TurnUprightFollowsEveryOrientation) {
       EXPECT_EQ(imaging::CameraOrientation(page.get()), 1);
     }
   }
+  // A block that ends with its last entry still reads; a 4-bit page, which FreeImage cannot turn, stays as it was.
+  const std::vector<std::uint8_t> block = OrientationBlock(6, false);
+  EXPECT_EQ(imaging::TiffOrientation({block.begin(), block.end() - 4}), 6);
+  Bitmap four(FreeImage_Allocate(kW, kH, 4));
+  imaging::AttachRawExif(four.get(), block);
+  EXPECT_FALSE(imaging::TurnUpright(four));
+  EXPECT_EQ(FreeImage_GetWidth(four.get()), unsigned(kW));
 }
 
 // A TIFF file's own orientation tag, which FreeImage does not pass on, turns the page read from it: a 3 by 2 RGB file
