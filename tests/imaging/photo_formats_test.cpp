@@ -68,27 +68,22 @@ TEST(PhotoFormats, OutputsKeepPixelsDepthProfileAndExif) {
     return imaging::EncodeToMemory(page.get(), format, flags, bytes, true) &&
            imaging::WriteBytesToFile(bytes, dir.file(name));
   };
-  struct Row {
-    const char* name;
-    int format, flags;
-    unsigned bpp;
-    double tolerance;
-    bool exif;
-  };
-  // A HEIF container's own boxes give its orientation, so the EXIF tag read back from AVIF is not taken.
-  for (const Row& row :
-       {Row{"a.avif", imaging::kFormatAvif, 95, 32, 3, false},
-        Row{"b.avif", imaging::kFormatAvif, 95 | imaging::kAvifTenBitsFlag, 48, 3, false},
-        Row{"c.webp", imaging::kFormatWebp, 0x100, 32, 0, true}, Row{"d.jpg", imaging::kFormatJpeg, 100, 24, 3, true},
-        Row{"e.png", imaging::kFormatPng, 0, 32, 0, false}}) {
-    SCOPED_TRACE(row.name);
-    ASSERT_TRUE(encode(row.format, row.flags, row.name));
-    const Bitmap back = imaging::LoadImageFile(dir.file(row.name), -1, 0);
+  // Name, format, flags; then read back: bits per pixel, pixel tolerance, EXIF orientation (a HEIF container's own
+  // boxes give its orientation, so the EXIF tag read back from AVIF is not taken).
+  for (const auto& [name, format, flags, bpp, tolerance, orientation] :
+       {std::tuple{"a.avif", imaging::kFormatAvif, 95, 32u, 3.0, 1},
+        {"b.avif", imaging::kFormatAvif, 95 | imaging::kAvifTenBitsFlag, 48u, 3.0, 1},
+        {"c.webp", imaging::kFormatWebp, 0x100, 32u, 0.0, 3},
+        {"d.jpg", imaging::kFormatJpeg, 100, 24u, 3.0, 3},
+        {"e.png", imaging::kFormatPng, 0, 32u, 0.0, 1}}) {
+    SCOPED_TRACE(name);
+    ASSERT_TRUE(encode(format, flags, name));
+    const Bitmap back = imaging::LoadImageFile(dir.file(name), -1, 0);
     ASSERT_TRUE(back);
-    EXPECT_EQ(FreeImage_GetBPP(back.get()), row.bpp);
-    EXPECT_LE(MeanDifference(back.get(), page.get()), row.tolerance);
+    EXPECT_EQ(FreeImage_GetBPP(back.get()), bpp);
+    EXPECT_LE(MeanDifference(back.get(), page.get()), tolerance);
     EXPECT_EQ(ColourProfileOf(back.get()), icc);
-    EXPECT_EQ(imaging::CameraOrientation(back.get()), row.exif ? 3 : 1);
+    EXPECT_EQ(imaging::CameraOrientation(back.get()), orientation);
   }
   // A profile the PNG encoder refuses costs the profile, not the file.
   std::vector<BYTE> broken(132, 7);
