@@ -32,6 +32,14 @@ struct WritableMultiBitmapCloser {
 };
 using WritableMultiBitmap = std::unique_ptr<FIMULTIBITMAP, WritableMultiBitmapCloser>;
 
+// Gives `to` the ICC colour profile of `from`, which FreeImage's conversions and turns leave behind.
+// True when `from` has none or it was copied.
+inline bool CloneColourProfile(FIBITMAP* to, FIBITMAP* from) {
+  const FIICCPROFILE* profile = FreeImage_GetICCProfile(from);
+  if (to == from || !profile || !profile->data || profile->size <= 0) return true;
+  return FreeImage_CreateICCProfile(to, profile->data, profile->size) != nullptr;
+}
+
 // True for the ordinary FreeImage bitmap (FIT_BITMAP) of one of the given depths.
 inline bool IsBitmapOfDepth(FIBITMAP* dib, unsigned bpp) {
   return dib && FreeImage_GetImageType(dib) == FIT_BITMAP && FreeImage_GetBPP(dib) == bpp;

@@ -1,7 +1,6 @@
 // EXIF orientation: reading and patching the tag in the TIFF structure, and the turns it asks for.
 #include "imaging/exif_block.h"
 
-#include <array>
 #include <cstring>
 #include <fstream>
 
@@ -21,10 +20,11 @@ class TiffBytes {
     valid_ = bytes.size() >= 8 && (big_endian_ || (bytes[0] == 'I' && bytes[1] == 'I')) && U16(2) == 42;
   }
 
-  // The offset of the orientation entry's value in the first directory, or 0.
-  std::size_t OrientationValue() const {
+  // The offset of the orientation entry's value in the directory at `directory` (the first one
+  // when 0), or 0.
+  std::size_t OrientationValue(std::size_t directory = 0) const {
     if (!valid_) return 0;
-    const std::size_t directory = U32(4);
+    if (directory == 0) directory = U32(4);
     if (directory < 8 || directory + 2 > bytes_.size()) return 0;
     const std::size_t entries = U16(directory);
     for (std::size_t i = 0; i < entries; ++i) {
@@ -80,21 +80,24 @@ void RecordUpright(FIBITMAP* dib) {
 bool Replace(Bitmap& page, FIBITMAP* turned) {
   if (!turned) return false;
   FreeImage_CloneMetadata(turned, page.get());
-  const FIICCPROFILE* profile = FreeImage_GetICCProfile(page.get());
-  if (profile && profile->data && profile->size > 0 && FreeImage_GetICCProfile(turned)->size == 0)
-    FreeImage_CreateICCProfile(turned, profile->data, profile->size);
+  CloneColourProfile(turned, page.get());
   page.reset(turned);
   return true;
+}
+
+// The orientation (1-8) the directory at `directory` of a TIFF structure records (the first
+// directory when 0); 1 when it records none.
+int OrientationIn(std::vector<std::uint8_t> tiff, std::size_t directory) {
+  const TiffBytes reader(tiff);
+  const std::size_t at = reader.OrientationValue(directory);
+  const int value = at ? reader.U16(at) : 1;
+  return value >= 1 && value <= 8 ? value : 1;
 }
 
 }  // namespace
 
 int TiffOrientation(const std::vector<std::uint8_t>& tiff) {
-  std::vector<std::uint8_t> copy = tiff;
-  const TiffBytes reader(copy);
-  const std::size_t at = reader.OrientationValue();
-  const int value = at ? reader.U16(at) : 1;
-  return value >= 1 && value <= 8 ? value : 1;
+  return OrientationIn(tiff, 0);
 }
 
 void SetTiffOrientation(std::vector<std::uint8_t>& tiff, int orientation) {
@@ -143,19 +146,16 @@ int TiffFileOrientation(const std::string& path, int page) {
   if (!file.read(reinterpret_cast<char*>(bytes.data()), 8)) return 1;
   std::uint32_t directory = TiffBytes(bytes).U32(4);
   for (int index = 0; directory != 0 && index <= page; ++index) {
-    // Read the directory into a block of its own: its header, then the directory at offset 8.
-    std::vector<std::uint8_t> block(bytes.begin(), bytes.begin() + 8);
-    block[4] = block[5] = block[6] = block[7] = 0;
-    TiffBytes(block).SetU16(block[0] == 'M' ? 6 : 4, 8);
-    std::array<std::uint8_t, 2> count_bytes{};
-    if (!file.seekg(directory) || !file.read(reinterpret_cast<char*>(count_bytes.data()), 2)) return 1;
-    block.insert(block.end(), count_bytes.begin(), count_bytes.end());
+    // The header, for its byte order, and then the directory alone, at offset 8.
+    std::vector<std::uint8_t> block = bytes;
+    block.resize(10);
+    if (!file.seekg(directory) || !file.read(reinterpret_cast<char*>(block.data()) + 8, 2)) return 1;
     const std::size_t entries = TiffBytes(block).U16(8);
     if (entries > kMostEntries) return 1;
     block.resize(block.size() + entries * 12 + 4);
     if (!file.read(reinterpret_cast<char*>(block.data()) + 10, static_cast<std::streamsize>(entries * 12 + 4)))
       return 1;
-    if (index == page) return TiffOrientation(block);
+    if (index == page) return OrientationIn(std::move(block), 8);
     directory = TiffBytes(block).U32(10 + entries * 12);
   }
   return 1;

@@ -118,9 +118,7 @@ bool PrepareForExport(FIBITMAP* dib, FREE_IMAGE_FORMAT format, ExportPage& page,
     if (!work) return false;
   }
   FreeImage_CloneMetadata(work.get(), dib);
-  const FIICCPROFILE* profile = FreeImage_GetICCProfile(dib);
-  if (keep_colour_profile && profile->data && profile->size > 0)
-    FreeImage_CreateICCProfile(work.get(), profile->data, profile->size);
+  if (keep_colour_profile) CloneColourProfile(work.get(), dib);
   page.converted = std::move(work);
   page.dib = page.converted.get();
   return true;

@@ -123,7 +123,7 @@ Bitmap LoadImageFile(const std::string& path, int format, int flags) {
 
 int CountImagePages(const std::string& path) {
   const FREE_IMAGE_FORMAT format = DetectReadableFormat(path);
-  if (format == FIF_UNKNOWN) return IsNonEmptyFile(path) && IsHeifFile(path) ? CountHeifPages(path) : 0;
+  if (format == FIF_UNKNOWN) return IsHeifFile(path) ? CountHeifPages(path) : 0;
   // The first image must read: a multipage header alone may promise pages that are not there.
   // Where the format allows, its header is enough.
   const int flags = FreeImage_FIFSupportsNoPixels(format) ? FIF_LOAD_NOPIXELS : 0;
@@ -137,7 +137,7 @@ std::vector<Bitmap> LoadImagePages(const std::string& path) {
   std::vector<Bitmap> pages;
   const FREE_IMAGE_FORMAT format = DetectReadableFormat(path);
   if (format == FIF_UNKNOWN) {
-    if (IsNonEmptyFile(path) && IsHeifFile(path)) pages = LoadHeifPages(path, false);
+    if (IsHeifFile(path)) pages = LoadHeifPages(path, false);
     return pages;
   }
   if (!IsMultipageFormat(format)) {

@@ -107,10 +107,7 @@ void ImagingLibrary::CopyColourProfile(Handle source, Handle destination, CallRe
   Report(result, [&] {
     FIBITMAP* from = state_->images.Find(source);
     FIBITMAP* to = state_->images.Find(destination);
-    if (!from || !to) return false;
-    const FIICCPROFILE* profile = FreeImage_GetICCProfile(from);
-    if (from == to || !profile || !profile->data || profile->size <= 0) return true;
-    return FreeImage_CreateICCProfile(to, profile->data, profile->size) != nullptr;
+    return from && to && CloneColourProfile(to, from);
   });
 }
 

@@ -13,7 +13,7 @@ namespace velmora::imaging {
 // True when the file starts as a HEIF container (HEIC, HEIF or AVIF) that libheif can read.
 bool IsHeifFile(const std::string& path);
 
-// The top-level images of the file; 0 when it cannot be read.
+// For a file IsHeifFile takes: the top-level images of the file; 0 when it cannot be read.
 int CountHeifPages(const std::string& path);
 
 // Each top-level image as a page, the primary one first; only that one when `first_only`. Pages of

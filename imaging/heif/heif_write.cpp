@@ -7,6 +7,7 @@
 #include "imaging/heif/heif_files.h"
 #include "imaging/heif/heif_handles.h"
 #include "imaging/imaging_library.h"
+#include "imaging/standard_bitmap.h"
 
 namespace velmora::imaging {
 namespace {
@@ -21,14 +22,12 @@ Bitmap Normalised(FIBITMAP* dib, bool ten_bits, bool alpha) {
   return Bitmap(alpha ? FreeImage_ConvertTo32Bits(dib) : FreeImage_ConvertTo24Bits(dib));
 }
 
-// True when some pixel is not fully opaque: like libwebp, the writer leaves out an alpha plane
-// that says nothing.
-bool HasAlpha(FIBITMAP* dib) {
-  const FREE_IMAGE_TYPE type = FreeImage_GetImageType(dib);
-  const bool wide = type == FIT_RGBA16;
-  if (!wide && !(type == FIT_BITMAP && FreeImage_GetBPP(dib) == 32)) {
-    return type == FIT_RGBAF || (type == FIT_BITMAP && FreeImage_IsTransparent(dib));
-  }
+// True when the page has alpha and some pixel is not fully opaque: like libwebp, the writer leaves
+// out an alpha plane that says nothing.
+bool NeedsAlphaPlane(FIBITMAP* dib) {
+  if (!HasAlpha(dib)) return false;
+  const bool wide = FreeImage_GetImageType(dib) == FIT_RGBA16;
+  if (!wide && !IsBitmapOfDepth(dib, 32)) return true;  // a palette's transparency, float alpha
   const unsigned width = FreeImage_GetWidth(dib), height = FreeImage_GetHeight(dib);
   for (unsigned y = 0; y < height; ++y) {
     const BYTE* row = FreeImage_GetScanLine(dib, static_cast<int>(y));
@@ -106,7 +105,7 @@ bool EncodeAvif(FIBITMAP* dib, int flags, std::vector<std::uint8_t>& bytes) {
   if (FreeImage_GetWidth(dib) == 0 || FreeImage_GetHeight(dib) == 0) return false;  // also for no page at all
   const bool ten_bits = (flags & kAvifTenBitsFlag) != 0;
   // Like "24", the 10-bit choice has no alpha: libaom cannot code the alpha plane at that depth.
-  const bool alpha = !ten_bits && HasAlpha(dib);
+  const bool alpha = !ten_bits && NeedsAlphaPlane(dib);
   const Bitmap page = Normalised(dib, ten_bits, alpha);
   if (!page) return false;
   const HeifImage image = FromBitmap(page.get(), ten_bits, alpha);
