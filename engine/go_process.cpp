@@ -32,10 +32,9 @@ std::unique_ptr<SourceQueue> MakeSourceQueue(RunContext& run, const std::vector<
                  run.state.font,
                  run.job.preview,
                  run.job.preview_frame_width,
-                 run.job.preview_frame_height,
-                 false,
-                 run.job.upright,
-                 run.job.keep_colour_profile};
+                 run.job.preview_frame_height};
+  spec.upright = run.job.upright;
+  spec.keep_colour_profile = run.job.keep_colour_profile;
   return std::make_unique<WorkerProcesses>(spec, run.job.carries_page_state, rows, jobs, limits);
 }
 

@@ -160,6 +160,8 @@ class MainWindow : public QWidget, public engine::RunView, public preview::Previ
  private:
   // Scans `folder` and its subfolders into the source list, as "Add Folder" does.
   void AddFolderContents(const std::string& folder);
+  // After files were added: the last row selected when none is, the focus on the list, a preview.
+  void FinishAdding();
   // Cuts a chain longer than the operation list holds, and tells the user so.
   void CutChainToWhatTheListHolds();
   void BuildWindow();

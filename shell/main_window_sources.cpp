@@ -36,6 +36,10 @@ void MainWindow::AddImages() {
       wait.Close();
     }
   }
+  FinishAdding();
+}
+
+void MainWindow::FinishAdding() {
   SelectLastIfNone(lwSrc());
   lwSrc()->setFocus();
   state_.preview.PreviewDirty = engine::kTrue;
@@ -73,17 +77,14 @@ void MainWindow::AddCommandLineSources(const std::vector<std::string>& paths) {
   if (paths.empty()) return;
   for (const std::string& given : paths) {
     std::error_code error;
-    const std::filesystem::path path = std::filesystem::absolute(given, error);
+    const std::string path = std::filesystem::absolute(given, error).lexically_normal().string();
     if (error) continue;
     if (std::filesystem::is_directory(path, error))
-      AddFolderContents(path.lexically_normal().string());
+      AddFolderContents(path);
     else
-      lwSrc()->AddItem(path.lexically_normal().string());
+      lwSrc()->AddItem(path);
   }
-  SelectLastIfNone(lwSrc());
-  lwSrc()->setFocus();
-  state_.preview.PreviewDirty = engine::kTrue;
-  Timer2_Timer();
+  FinishAdding();
 }
 
 void MainWindow::DropFiles(const std::vector<std::string>& paths) {
