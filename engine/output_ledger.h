@@ -28,6 +28,13 @@ class OutputLedger {
   // The Overwrite policy gives up the file at `path`: from now on it counts as gone, and it is
   // replaced when a row writes that name. If no row does, the file stays.
   void GiveUp(const std::string& path);
+  // A planning pass: an earlier row will write `target`, so it exists for the rows after it,
+  // given up or not before.
+  void Reserve(const std::string& target);
+  // Whether `target` is the source of a row other than `row`.
+  bool ReadByOtherRow(const std::string& target, std::size_t row);
+  // Whether finished files wait for their sources to be read.
+  bool HoldsBack() const { return !waiting_.empty(); }
 
   // `temporary` holds the finished file for `target`, written for row `row`. It is renamed over
   // `target` now, or once every later row reading `target` has been read.
@@ -51,6 +58,7 @@ class OutputLedger {
   std::unordered_map<std::string, std::string> real_folders_;
   std::unordered_map<std::string, std::size_t> last_reader_;  // key of a source -> last row reading it
   std::unordered_set<std::string> given_up_;
+  std::unordered_set<std::string> reserved_;
   std::map<std::string, int> waiting_names_;  // key -> files held back for it
   std::vector<Waiting> waiting_;
 };

@@ -14,7 +14,9 @@ namespace {
 
 bool TakesValue(std::string_view option) {
   return option == "--profile" || option == "--output-folder" || option == "--format" || option == "--template" ||
-         option == "--jobs" || option == "--source-timeout" || option == "--upload" || option == "--album";
+         option == "--jobs" || option == "--source-timeout" || option == "--upload" || option == "--album" ||
+         option == "--sources-from" || option == "--write-plan" || option == "--from-plan" || option == "--shard" ||
+         option == "--finish-plan";
 }
 
 // A whole number of at least 1, or nothing.
@@ -25,9 +27,50 @@ std::optional<int> PositiveNumber(const std::string& value) {
   return number;
 }
 
+// "K/N" with 0 <= K < N.
+bool StoreShard(BatchOptions& options, const std::string& value) {
+  const std::size_t slash = value.find('/');
+  if (slash == std::string::npos) return false;
+  const std::optional<int> shards = PositiveNumber(value.substr(slash + 1));
+  const std::optional<int> shard = value.substr(0, slash) == "0" ? 0 : PositiveNumber(value.substr(0, slash));
+  if (!shard || !shards || *shard >= *shards) return false;
+  options.shard = *shard;
+  options.shards = *shards;
+  options.shard_given = true;
+  return true;
+}
+
+// The plan options: one file name each.
+std::optional<std::string>* PlanFile(BatchOptions& options, std::string_view option) {
+  if (option == "--sources-from") return &options.sources_from;
+  if (option == "--write-plan") return &options.write_plan;
+  if (option == "--from-plan") return &options.from_plan;
+  if (option == "--finish-plan") return &options.finish_plan;
+  return nullptr;
+}
+
+// Which of the run's forms the options ask for, and whether they fit it; an error text or "".
+std::string CheckForm(const BatchOptions& options) {
+  const int forms = options.write_plan.has_value() + options.from_plan.has_value() + options.finish_plan.has_value();
+  if (forms > 1) return "--write-plan, --from-plan and --finish-plan go one at a time";
+  if (options.shard_given && !options.from_plan) return "--shard goes with --from-plan";
+  const bool planned = options.from_plan || options.finish_plan;
+  if (planned && (!options.sources.empty() || options.sources_from))
+    return std::string(options.from_plan ? "--from-plan" : "--finish-plan") + " takes no sources: they are in the plan";
+  if (forms > 0 && (options.upload_ftp || options.upload_album)) return "--upload does not go with a planned run";
+  if (options.sources.empty() && !options.sources_from && !planned && !options.help && !options.version)
+    return "no source images given: name at least one file or folder";
+  return {};
+}
+
 // Stores one option's value; returns an error text or "".
 std::string StoreValue(BatchOptions& options, std::string_view option, const std::string& value) {
-  if (option == "--profile") {
+  if (std::optional<std::string>* file = PlanFile(options, option)) {
+    if (value.empty()) return std::string(option) + " needs a file name";
+    *file = value;
+  } else if (option == "--shard") {
+    if (!StoreShard(options, value)) return "--shard needs K/N with 0 <= K < N, not '" + value + "'";
+  } else if (option == "--profile") {
     if (value.empty()) return "--profile needs a file name";
     options.profile = value;
   } else if (option == "--output-folder") {
@@ -99,8 +142,7 @@ ParsedArguments ParseBatchArguments(const std::vector<std::string>& arguments) {
     parsed.error = StoreValue(options, name, value);
     if (!parsed.error.empty()) return parsed;
   }
-  if (options.sources.empty() && !options.help && !options.version)
-    parsed.error = "no source images given: name at least one file or folder";
+  parsed.error = CheckForm(options);
   return parsed;
 }
 
