@@ -53,6 +53,7 @@ void RunPreview(RunContext& run, const SourceList& sources, const WorkerLimits& 
 }
 
 void RunSources(RunContext& run, const SourceList& sources, int jobs, const WorkerLimits& limits) {
+  run.outputs = OutputLedger(run.FailureLog(), sources.rows);
   ConvertRows(run, sources.rows, 0, jobs, limits,
               [&](std::size_t row) { return PlanSource(run, sources.rows[row], static_cast<std::int64_t>(row)); }, {});
 }
@@ -62,7 +63,6 @@ void RunSources(RunContext& run, const SourceList& sources, int jobs, const Work
 void ConvertRows(RunContext& run, const std::vector<std::string>& rows, std::size_t first_row, int jobs,
                  const WorkerLimits& limits, const std::function<SourcePlan(std::size_t row)>& plan_row,
                  const std::function<void(std::size_t row)>& row_done) {
-  run.outputs = OutputLedger(run.FailureLog(), rows);
   const std::unique_ptr<SourceQueue> queue = MakeSourceQueue(run, rows, jobs, limits, first_row);
   for (std::size_t i = first_row; i < rows.size(); ++i) {
     const SourcePlan plan = plan_row(i);

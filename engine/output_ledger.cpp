@@ -49,8 +49,16 @@ bool OutputLedger::ReadByOtherRow(const std::string& target, std::size_t row) {
   return reader != last_reader_.end() && reader->second != row;
 }
 
+void OutputLedger::Supersede(const std::string& target, std::size_t row) {
+  superseded_.emplace(Key(target), row);
+}
+
 void OutputLedger::Place(const std::string& temporary, const std::string& target, std::size_t row) {
   const std::string key = Key(target);
+  if (superseded_.contains({key, row})) {
+    DiscardTemporary(temporary);
+    return;
+  }
   given_up_.erase(key);
   const auto reader = last_reader_.find(key);
   if (reader != last_reader_.end() && reader->second > row) {

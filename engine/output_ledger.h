@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -33,6 +34,9 @@ class OutputLedger {
   void Reserve(const std::string& target);
   // Whether `target` is the source of a row other than `row`.
   bool ReadByOtherRow(const std::string& target, std::size_t row);
+  // A later row replaces `target` after `row` has written it: the row's file is thrown away
+  // rather than put in place, so that the later row's file stands whichever is finished first.
+  void Supersede(const std::string& target, std::size_t row);
   // Whether finished files wait for their sources to be read.
   bool HoldsBack() const { return !waiting_.empty(); }
 
@@ -59,7 +63,8 @@ class OutputLedger {
   std::unordered_map<std::string, std::size_t> last_reader_;  // key of a source -> last row reading it
   std::unordered_set<std::string> given_up_;
   std::unordered_set<std::string> reserved_;
-  std::map<std::string, int> waiting_names_;  // key -> files held back for it
+  std::set<std::pair<std::string, std::size_t>> superseded_;  // key and row
+  std::map<std::string, int> waiting_names_;                  // key -> files held back for it
   std::vector<Waiting> waiting_;
 };
 

@@ -5,8 +5,10 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <random>
+#include <unordered_map>
 
 #include "engine/encoder.h"
 #include "engine/number_text.h"
@@ -47,6 +49,20 @@ std::vector<std::string> PlannedOutputs(RunContext& run, const SourcePlan& plan)
   std::vector<std::string> names;
   for (int p = 0; p < count; ++p) names.push_back(SeparatePageName(run.job, plan, p));
   return names;
+}
+
+// A name that several rows write (the Overwrite policy) ends with the last one's file.
+void SetAsideSuperseded(RunPlan& plan) {
+  std::unordered_map<std::string, std::size_t> last_writer;
+  for (std::size_t i = 0; i < plan.rows.size(); ++i)
+    for (const std::string& output : plan.rows[i].outputs) last_writer[output] = i;
+  for (std::size_t i = 0; i < plan.rows.size(); ++i) {
+    std::vector<std::string>& outputs = plan.rows[i].outputs;
+    const auto kept = std::stable_partition(outputs.begin(), outputs.end(),
+                                            [&](const std::string& output) { return last_writer[output] == i; });
+    plan.rows[i].superseded.assign(kept, outputs.end());
+    outputs.erase(kept, outputs.end());
+  }
 }
 
 std::string NewPlanId() {
@@ -94,7 +110,7 @@ RunPlan PlanRun(AppState& state, const SourceList& sources) {
   plan.rows.reserve(sources.rows.size());
   for (std::size_t i = 0; i < sources.rows.size(); ++i) {
     const SourcePlan decided = PlanSource(run, sources.rows[i], static_cast<std::int64_t>(i));
-    PlannedRow row{decided.path, decided.TargetPath, PlannedOutputs(run, decided)};
+    PlannedRow row{decided.path, decided.TargetPath, PlannedOutputs(run, decided), {}};
     for (const std::string& output : row.outputs) {
       // The later rows meet this file, as one run's rows meet what the rows before them wrote.
       run.outputs.Reserve(output);
@@ -105,6 +121,7 @@ RunPlan PlanRun(AppState& state, const SourceList& sources) {
     plan.rows.push_back(std::move(row));
   }
   plan.skipped = state.SkipCounter;
+  SetAsideSuperseded(plan);
   return plan;
 }
 

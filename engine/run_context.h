@@ -60,8 +60,8 @@ void CommitSource(RunContext& run, const SourcePlan& plan, const FinishedSource&
 std::string SeparatePageName(const RunJob& job, const SourcePlan& plan, int page);
 
 // Converts rows `first_row` to the last of `rows` in order: the decision for each from
-// `plan_row`, its source from the run's workers, then its commit and `row_done` (if any).
-// Files held back for sources still to be read go in place at the end.
+// `plan_row`, its source from the run's workers, then its commit and `row_done` (if any), with
+// run.outputs made for `rows`. Files held back for sources still to be read go in place at the end.
 void ConvertRows(RunContext& run, const std::vector<std::string>& rows, std::size_t first_row, int jobs,
                  const WorkerLimits& limits, const std::function<SourcePlan(std::size_t row)>& plan_row,
                  const std::function<void(std::size_t row)>& row_done);

@@ -109,8 +109,9 @@ bool WriteRunPlan(const RunPlan& plan, const std::string& path) {
   AddLine(text, {"single-shard", plan.single_shard_reason});
   AddLine(text, {"rows", std::to_string(plan.rows.size())});
   for (const PlannedRow& row : plan.rows) {
-    std::vector<std::string> fields{row.source, row.target};
+    std::vector<std::string> fields{row.source, row.target, std::to_string(row.outputs.size())};
     fields.insert(fields.end(), row.outputs.begin(), row.outputs.end());
+    fields.insert(fields.end(), row.superseded.begin(), row.superseded.end());
     AddLine(text, fields);
   }
   AddLine(text, {"end"});
@@ -148,11 +149,14 @@ std::string ReadRunPlan(const std::string& path, RunPlan& plan) {
   plan.rows.assign(*rows, {});
   for (std::size_t r = 0; r < *rows; ++r) {
     std::vector<std::string> fields = Fields(lines[kHeaderLines + r]);
-    if (fields.size() < 2) return damaged;
+    const std::optional<std::size_t> outputs = fields.size() >= 3 ? Number(fields[2]) : std::nullopt;
+    if (!outputs || fields.size() < 3 + *outputs) return damaged;
     PlannedRow& row = plan.rows[r];
     row.source = std::move(fields[0]);
     row.target = std::move(fields[1]);
-    row.outputs.assign(std::make_move_iterator(fields.begin() + 2), std::make_move_iterator(fields.end()));
+    const auto superseded = fields.begin() + 3 + static_cast<std::ptrdiff_t>(*outputs);
+    row.outputs.assign(fields.begin() + 3, superseded);
+    row.superseded.assign(superseded, fields.end());
   }
   return {};
 }

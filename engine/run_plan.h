@@ -19,7 +19,10 @@ inline constexpr int kPlanVersion = 1;
 struct PlannedRow {
   std::string source;
   std::string target;                // empty when the collision policy skips the source
-  std::vector<std::string> outputs;  // the files the row is expected to write
+  std::vector<std::string> outputs;  // the files the row is expected to leave in place
+  // Files the row writes that a later row replaces (the Overwrite policy): in one run they stand
+  // only until then, so a shard, which may run after the later row's, throws them away.
+  std::vector<std::string> superseded;
 };
 
 struct RunPlan {

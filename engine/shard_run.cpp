@@ -128,6 +128,9 @@ ShardOutcome RunShard(const RunPlan& plan, const std::string& plan_path, int sha
   view.SetProgressRange(0, static_cast<int>(rows.end - first));
   view.SetProgressValue(0);
   view.SetStatus("Processing...");
+  run.outputs = OutputLedger(run.FailureLog(), sources);
+  for (std::size_t i = first; i < rows.end; ++i)
+    for (const std::string& name : plan.rows[i].superseded) run.outputs.Supersede(name, i);
   std::vector<std::string> cells;
   run.row_cells = &cells;
   std::int32_t mark = 0;
@@ -138,7 +141,11 @@ ShardOutcome RunShard(const RunPlan& plan, const std::string& plan_path, int sha
         return SourcePlan{plan.rows[row].source, static_cast<std::int64_t>(row), plan.rows[row].target};
       },
       [&](std::size_t row) {
-        journal.Finished(row, {std::move(cells), NamesSince(state.WrittenFiles, mark)});
+        std::vector<std::string> written = NamesSince(state.WrittenFiles, mark);
+        std::erase_if(written, [&](const std::string& name) {
+          return std::ranges::find(plan.rows[row].superseded, name) != plan.rows[row].superseded.end();
+        });
+        journal.Finished(row, {std::move(cells), std::move(written)});
         cells.clear();
         if (!run.outputs.HoldsBack()) journal.Flush();
       });

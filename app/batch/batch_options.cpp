@@ -161,6 +161,9 @@ std::string BatchVersionText() {
 
 std::string BatchHelpText() {
   return R"(Usage: velmora-batch [OPTIONS] SOURCE...
+       velmora-batch --write-plan PLAN [OPTIONS] SOURCE...
+       velmora-batch --from-plan PLAN --shard K/N [--jobs N] [--quiet]
+       velmora-batch --finish-plan PLAN [--quiet]
 
 Converts images without a window: every page of every source goes through the
 job's chain of operations and is written under a name from the job's file-name
@@ -173,6 +176,10 @@ more, in any letter case): the files of a folder come first, type by type in
 that list's order and by name within a type, then its subfolders by name. A
 file named on the command line is taken whatever its type. Empty files, and
 paths already taken, are passed over.
+
+  --sources-from FILE  also take the sources listed in FILE, one path a line
+                       (- for standard input), after those of the command
+                       line; for runs too large for a command line
 
 The job:
   --profile FILE       run the job saved in FILE (a .profile file). Without it,
@@ -221,6 +228,33 @@ Formats:
   the camera's EXIF block into JPEG, WebP and AVIF. With "Rotate by camera
   orientation" on in the job's settings, photos are turned upright as read.
 
+A run in shards (on many machines, or many processes of one):
+  --write-plan PLAN    convert nothing, but settle the run the job options and
+                       sources describe into the file PLAN: each source's
+                       output names, the "if the output file exists" choice
+                       against the files there and those the sources before it
+                       will write, the counter and the skip count, and the job
+                       itself, so that the shards need nothing but PLAN
+  --from-plan PLAN     convert one shard of the plan's sources under the
+                       planned names; the plan's paths must be visible where it
+                       runs. A shard run again (after a crash, say) redoes only
+                       the sources it has not finished: each shard keeps a
+                       journal beside PLAN
+  --shard K/N          the shard to convert: K from 0 to N-1 (as a job array's
+                       index), each a contiguous range of the plan's sources;
+                       the default is 0/1, the whole plan
+  --finish-plan PLAN   when every shard has run: check that every planned file
+                       is there, write index.html and print the closing lines,
+                       exactly as one run of the job would; each missing file
+                       is named, with exit status 3
+The files, their names, index.html and the closing lines are those of one run
+of the job. The plan counts the pages of multipage sources (GIF, TIFF, ICO,
+HEIF) from their headers: a source that reads there but not in full writes
+other names than planned, which --finish-plan reports. A job whose chain
+carries values from page to page (a resize of unknown units, a watermark of
+unknown alignment), and a plan in which an output replaces another source,
+run as one shard only (--shard 0/1).
+
 Output:
   -q, --quiet          print nothing on standard output
   -h, --help           show this help and exit
@@ -249,7 +283,8 @@ Exit status:
      the output folder cannot be used; nothing was converted
   2  bad command line
   3  the run took place, but some output files could not be written (each is
-     named in a warning; nothing partial was left under its name)
+     named in a warning; nothing partial was left under its name); with
+     --finish-plan, planned files are missing
   4  the run took place and every file was written, but some did not arrive
      by --upload (each is named in a warning)
 )";

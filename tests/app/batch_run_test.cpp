@@ -11,6 +11,8 @@
 #include <chrono>
 #include <cstdio>
 #include <functional>
+#include <numeric>
+#include <random>
 #include <set>
 #include <sstream>
 #include <thread>
@@ -54,9 +56,9 @@ class Batch : public ::testing::Test {
   // gets its pid (sh and env exec in turn, so the pid stays) before it is waited for.
   Result Run(std::vector<std::string> arguments, const std::function<void(pid_t)>& during = {}) const {
     const std::string out = streams_.file("out"), err = streams_.file("err");
-    arguments.insert(arguments.begin(),
-                     {"sh", "-c", "exec \"$@\" >" + out + " 2>" + err, "sh", "env", "-u", "XDG_CONFIG_HOME", "-C",
-                      work_.path().string(), "HOME=" + home_.path().string(), VELMORA_BINARY_DIR "/app/velmora-batch"});
+    arguments.insert(arguments.begin(), {"sh", "-c", "exec \"$@\" <" + input_ + " >" + out + " 2>" + err, "sh", "env",
+                                         "-u", "XDG_CONFIG_HOME", "-C", work_.path().string(),
+                                         "HOME=" + home_.path().string(), VELMORA_BINARY_DIR "/app/velmora-batch"});
     std::vector<char*> argv;
     for (std::string& argument : arguments) argv.push_back(argument.data());
     argv.push_back(nullptr);
@@ -81,6 +83,7 @@ class Batch : public ::testing::Test {
   }
 
   TempFolder home_, work_, streams_;
+  std::string input_ = "/dev/null";  // standard input of the runs
 };
 
 // A bad command line exits with 2; a missing profile or source, no images or an unusable output folder with 1, and
@@ -366,6 +369,91 @@ TEST_F(Batch, ConvertingAFolderIntoItselfReplacesEveryOriginalWithItsConversion)
       EXPECT_EQ(ReadImageFacts(Work(reference + "/00" + std::to_string(i) + ".jpg")).width,
                 32 + 8 * (crosswise ? 5 - i : i));
   }
+}
+
+// Runs every shard of the plan at `plan` for `shards` shards; the plan and its journals are in the work folder.
+using RunShards = std::function<void(const std::string& plan, int shards)>;
+
+class BatchPlanned : public Batch {
+ protected:
+  // For each collision policy, with the index on: ~60 sources (a 3-page TIFF and a GIF written as page files, a later
+  // source named like one of those pages, sources of the same title, an output already there) planned into four
+  // shards, converted by `run_shards` and finished give the files, names, index and closing lines of one run.
+  // With Overwrite a shard is first killed after its first output, and the finish names what is missing.
+  void ExpectShardedRunGivesOneRunsResult(const RunShards& run_shards) {
+    for (const char* folder : {"src/b", "one", "sharded"}) fs::create_directories(Work(folder));
+    for (unsigned i = 0; i < 54; ++i) {
+      const std::string name = i < 44 ? "src/p" + std::to_string(i) : "src/b/p" + std::to_string(i - 44);
+      ASSERT_TRUE(i % 3 == 0   ? samples::WritePhotoJpeg(Work(name + ".jpg"), 16 + i, 12, 90, i)
+                  : i % 3 == 1 ? samples::WriteAlphaPng(Work(name + ".png"), 8 + i, 10)
+                               : samples::WritePaletteBmp(Work(name + ".bmp"), 12, 8 + i));
+    }
+    ASSERT_TRUE(samples::WriteMultipageTiff(Work("src/scan.tif"), 20, 10, 3));
+    ASSERT_TRUE(samples::WriteAnimatedGif(Work("src/spin.gif"), 10, 10, 2));
+    ASSERT_TRUE(samples::WriteAlphaPng(Work("src/b/scan (page 1).png"), 9, 9));
+    ASSERT_TRUE(samples::WriteIcon(Work("last.ico"), 16));
+    for (int policy = 0; policy < 3; ++policy) {
+      SCOPED_TRACE(policy);
+      for (const char* folder : {"one", "sharded"}) {
+        fs::remove_all(Work(folder));
+        fs::create_directory(Work(folder));
+        WriteWholeFile(Work(folder) + "/p3.jpg", "older");
+      }
+      Profile([&](engine::AppState& state) {
+        state.settings.IfOutputFileExists = static_cast<std::int16_t>(policy);
+        state.settings.GenerateHtmlIndex = engine::kTrue;
+      });
+      const auto [code, out, err] = Run({"--profile", "job.profile", "--output-folder", "one", "src", "last.ico"});
+      ASSERT_EQ(code, 0) << err;
+      // The command line's sources come first, then those read from standard input.
+      WriteWholeFile(input_ = Work("list"), "\nlast.ico\n");
+      ASSERT_EQ(std::get<0>(Run({"-q", "--write-plan", "run.plan", "--profile", "job.profile", "--output-folder",
+                                 "sharded", "src", "--sources-from", "-"})),
+                0);
+      input_ = "/dev/null";
+      if (policy == 1) {
+        Run({"--from-plan", "run.plan", "--shard", "3/4", "--jobs", "1"}, [&](pid_t shard) {
+          const auto outputs = [&] {
+            const std::vector<std::string> names = Names(Work("sharded"));
+            return std::count_if(names.begin(), names.end(), [](const std::string& name) { return name[0] != '.'; });
+          };
+          for (const auto give_up = Clock::now() + std::chrono::seconds(30); outputs() < 2 && Clock::now() < give_up;)
+            std::this_thread::sleep_for(std::chrono::microseconds(200));
+          ::kill(shard, SIGKILL);
+        });
+        const auto [unfinished, none, missing] = Run({"--finish-plan", "run.plan"});
+        EXPECT_EQ(unfinished, app::kExitNotWritten);
+        EXPECT_NE(missing.find("velmora-batch: missing: " + Work("sharded/")), std::string::npos);
+        EXPECT_FALSE(fs::exists(Work("sharded/index.html")));
+      }
+      run_shards(Work("run.plan"), 4);
+      // The closing lines: "Completed." and the counts, after the run's progress lines.
+      const std::string closing = out.substr(out.rfind("Completed."));
+      EXPECT_EQ(Run({"--finish-plan", "run.plan"}), (Result{0, closing, ""}));
+      const auto files = ReadFolderFiles(Work("one"));
+      EXPECT_TRUE(files == ReadFolderFiles(Work("sharded")));
+      EXPECT_TRUE(files.contains("scan (page 2).jpg") && files.contains("index.html")) << files.size();
+    }
+  }
+};
+
+TEST_F(BatchPlanned, ShardsInAnyOrderGiveOneRunsFilesIndexAndClosingLines) {
+  ExpectShardedRunGivesOneRunsResult([this](const std::string& plan, int shards) {
+    std::vector<int> order(static_cast<std::size_t>(shards));
+    std::iota(order.begin(), order.end(), 0);
+    std::shuffle(order.begin(), order.end(), std::mt19937(7));
+    for (const int k : order) {
+      const auto [code, out, err] = Run({"--from-plan", plan, "--shard", std::to_string(k) + "/4"});
+      EXPECT_EQ(code, 0) << err;
+    }
+  });
+  // Only the version it knows, said plainly.
+  std::string plan = ReadWholeFile(Work("run.plan"));
+  WriteWholeFile(Work("next.plan"), plan.replace(0, plan.find('\n'), "velmora-plan\t2"));
+  const auto [code, out, err] = Run({"--from-plan", "next.plan"});
+  EXPECT_TRUE(code == 1 &&
+              err.find("next.plan is a plan of version 2, which this velmora-batch does not know") != std::string::npos)
+      << err;
 }
 
 // A killed run and a full disk leave only complete files under final names: single-page TIFF files, or multipage ones
