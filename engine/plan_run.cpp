@@ -71,26 +71,9 @@ std::string NewPlanId() {
   return std::to_string(now) + "-" + std::to_string(random()) + std::to_string(random());
 }
 
-// A view for the planning pass, which shows nothing.
-class SilentView : public RunView {
- public:
-  void SetStatus(const std::string&) override {}
-  void SetFile(const std::string&) override {}
-  void SetProgressRange(int, int) override {}
-  void SetProgressValue(int) override {}
-  void ShowWait(bool) override {}
-  void SetWaitLabel(const std::string&) override {}
-  void PreviewFrameSize(int&, int&) override {}
-  void ShowPreview(const imaging::DisplayPicture&, int, int) override {}
-  void OpenFolder(const std::string&) override {}
-  void Yield() override {}
-  void LogFailure(const std::string&) override {}
-};
-
 }  // namespace
 
-RunPlan PlanRun(AppState& state, const SourceList& sources) {
-  SilentView view;
+RunPlan PlanRun(AppState& state, const SourceList& sources, RunView& view) {
   RunContext run(state, view);
   run.job = MakeRunJob(state, run.lib);
   run.outputs = OutputLedger({}, sources.rows);

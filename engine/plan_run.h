@@ -17,8 +17,9 @@ namespace velmora::engine {
 
 // The plan of the run that `state` describes over `sources`: names, collision policy and skip
 // count as the run decides them. Sources of several pages have theirs counted from their headers
-// where page files are written, since those write page names instead of the row's name.
-RunPlan PlanRun(AppState& state, const SourceList& sources);
+// where page files are written, since those write page names instead of the row's name. Nothing
+// is shown on `view`: it only lets the event loop run.
+RunPlan PlanRun(AppState& state, const SourceList& sources, RunView& view);
 
 // The rows [first, end) of shard `shard` (0-based) of `shards`: contiguous, each row in one shard.
 struct ShardRows {

@@ -57,6 +57,10 @@ std::string CheckForm(const BatchOptions& options) {
   const bool planned = options.from_plan || options.finish_plan;
   if (planned && (!options.sources.empty() || options.sources_from))
     return std::string(options.from_plan ? "--from-plan" : "--finish-plan") + " takes no sources: they are in the plan";
+  const bool job_options = options.profile || options.output_folder || options.output_format || options.name_template;
+  if (planned && job_options)
+    return std::string(options.from_plan ? "--from-plan" : "--finish-plan") +
+           " takes no job options: the job is in the plan";
   if (forms > 0 && (options.upload_ftp || options.upload_album)) return "--upload does not go with a planned run";
   if (options.sources.empty() && !options.sources_from && !planned && !options.help && !options.version)
     return "no source images given: name at least one file or folder";
@@ -280,7 +284,8 @@ anything of the run replaces it, so converting a folder into itself is safe.
 Exit status:
   0  the run took place; any warnings are about sources that were passed over
   1  the profile or a source does not exist, no source images were found, or
-     the output folder cannot be used; nothing was converted
+     the output folder cannot be used, or a plan cannot be read or split as
+     asked; nothing was converted
   2  bad command line
   3  the run took place, but some output files could not be written (each is
      named in a warning; nothing partial was left under its name); with

@@ -26,7 +26,8 @@ int WritePlanCommand(const BatchOptions& options, std::FILE* out, std::FILE* err
   // Shards may run in other folders: the names are planned from the output folder's full path.
   std::string& folder = state.output.OutputFolder;
   if (!folder.starts_with('/')) folder = std::filesystem::absolute(folder).lexically_normal().string();
-  const engine::RunPlan plan = engine::PlanRun(state, sources);
+  BatchView silent(out, false, true);
+  const engine::RunPlan plan = engine::PlanRun(state, sources, silent);
   const std::string& path = *options.write_plan;
   if (!engine::WriteRunPlan(plan, path)) return FailBatch(err, kExitFailure, "cannot write the plan " + path);
   // The journals of an earlier plan of this name belong to another run.
