@@ -2,53 +2,43 @@
 // and the files the rows before it will write, as one run decides them just before each source.
 #include "engine/plan_run.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <chrono>
 #include <random>
 #include <unordered_map>
 
 #include "engine/encoder.h"
-#include "engine/number_text.h"
-#include "engine/paths.h"
+#include "engine/plan_pages.h"
 #include "engine/run_context.h"
 
 namespace velmora::engine {
 namespace {
 
-// Whether a source may have several pages: the types read as several pages (GIF, TIFF, ICO and
-// HEIF or AVIF), told by the name or by the first bytes, as the reader tells them by content.
-bool MayHoldPages(const std::string& path) {
-  for (const char* type : {"gif", "tif", "tiff", "ico", "heic", "heif", "avif"})
-    if (EqualsIgnoreCase(ExtensionOfPath(FileNameOfPath(path)), type)) return true;
-  unsigned char head[12] = {};
-  const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  if (fd < 0) return false;
-  const bool read = ::read(fd, head, sizeof head) == static_cast<ssize_t>(sizeof head);
-  ::close(fd);
-  if (!read) return false;
-  const auto starts = [&head](std::string_view magic, std::size_t at = 0) {
-    return std::string_view(reinterpret_cast<const char*>(head) + at, magic.size()) == magic;
-  };
-  return starts("GIF8") || starts({"II*\0", 4}) || starts({"MM\0*", 4}) || starts({"\0\0\1\0", 4}) ||
-         starts({"\0\0\2\0", 4}) || starts("ftyp", 4);
+// The files a row writes: a source of several pages written as page files writes page names, not
+// its row's name; a source whose pages can't be counted can't be read, and writes nothing.
+std::vector<std::string> PlannedOutputs(const RunJob& job, const SourcePlan& plan, std::int32_t pages) {
+  if (plan.TargetPath.empty() || pages < 1) return {};
+  if (pages == 1 || WritesMultipageFile(job.output)) return {plan.TargetPath};
+  std::vector<std::string> names;
+  for (int p = 0; p < pages; ++p) names.push_back(SeparatePageName(job, plan, p));
+  return names;
 }
 
-// The files a row writes. A source of several pages written as page files writes page names, not
-// its row's name, so only there are pages counted (from the headers); a source whose pages cannot
-// be counted cannot be read, and writes nothing.
-std::vector<std::string> PlannedOutputs(RunContext& run, const SourcePlan& plan) {
-  if (plan.TargetPath.empty()) return {};
-  if (WritesMultipageFile(run.job.output) || !MayHoldPages(plan.path)) return {plan.TargetPath};
-  std::int32_t count = 0;
-  imaging::CallResult result = 0;
-  run.lib.CountPages(plan.path, count, result);
-  if (count <= 1) return count == 1 ? std::vector<std::string>{plan.TargetPath} : std::vector<std::string>{};
-  std::vector<std::string> names;
-  for (int p = 0; p < count; ++p) names.push_back(SeparatePageName(run.job, plan, p));
-  return names;
+// The page count of each row: counted only where it can change the names, that is for sources
+// that may have several pages when pages go to files of their own; 1 elsewhere.
+std::vector<std::int32_t> PagesOfRows(const RunJob& job, const std::vector<std::string>& rows) {
+  std::vector<std::int32_t> pages(rows.size(), 1);
+  if (WritesMultipageFile(job.output)) return pages;
+  std::vector<std::size_t> counted;
+  std::vector<std::string> paths;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (!MayHoldPages(rows[i])) continue;
+    counted.push_back(i);
+    paths.push_back(rows[i]);
+  }
+  const std::vector<std::int32_t> counts = CountPagesApart(paths);
+  for (std::size_t c = 0; c < counted.size(); ++c) pages[counted[c]] = counts[c];
+  return pages;
 }
 
 // A name that several rows write (the Overwrite policy) ends with the last one's file.
@@ -90,10 +80,11 @@ RunPlan PlanRun(AppState& state, const SourceList& sources, RunView& view) {
     plan.single_shard_reason =
         "its chain carries values from each page to the next (a resize of unknown units or a watermark of "
         "unknown alignment)";
+  const std::vector<std::int32_t> pages = PagesOfRows(run.job, sources.rows);
   plan.rows.reserve(sources.rows.size());
   for (std::size_t i = 0; i < sources.rows.size(); ++i) {
     const SourcePlan decided = PlanSource(run, sources.rows[i], static_cast<std::int64_t>(i));
-    PlannedRow row{decided.path, decided.TargetPath, PlannedOutputs(run, decided), {}};
+    PlannedRow row{decided.path, decided.TargetPath, PlannedOutputs(run.job, decided, pages[i]), {}};
     for (const std::string& output : row.outputs) {
       // The later rows meet this file, as one run's rows meet what the rows before them wrote.
       run.outputs.Reserve(output);
