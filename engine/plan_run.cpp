@@ -44,10 +44,14 @@ std::vector<std::int32_t> PagesOfRows(const RunJob& job, const std::vector<std::
 // A name that several rows write (the Overwrite policy) ends with the last one's file.
 void SetAsideSuperseded(RunPlan& plan) {
   std::unordered_map<std::string, std::size_t> last_writer;
+  last_writer.reserve(plan.rows.size());
   for (std::size_t i = 0; i < plan.rows.size(); ++i)
     for (const std::string& output : plan.rows[i].outputs) last_writer[output] = i;
   for (std::size_t i = 0; i < plan.rows.size(); ++i) {
     std::vector<std::string>& outputs = plan.rows[i].outputs;
+    if (std::all_of(outputs.begin(), outputs.end(),
+                    [&](const std::string& output) { return last_writer[output] == i; }))
+      continue;
     const auto kept = std::stable_partition(outputs.begin(), outputs.end(),
                                             [&](const std::string& output) { return last_writer[output] == i; });
     plan.rows[i].superseded.assign(kept, outputs.end());

@@ -16,6 +16,7 @@ namespace {
 constexpr const char* kJournalFormat = "velmora-journal";
 
 std::string Escaped(const std::string& field) {
+  if (field.find_first_of("\\\t\n\r") == std::string::npos) return field;
   std::string out;
   out.reserve(field.size());
   for (const char c : field) {
