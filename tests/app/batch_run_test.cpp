@@ -453,13 +453,17 @@ TEST_F(BatchPlanned, ShardsInAnyOrderGiveOneRunsFilesIndexAndClosingLines) {
       EXPECT_EQ(code, 0) << err;
     }
   });
-  // Only the version it knows, said plainly.
-  std::string plan = ReadWholeFile(Work("run.plan"));
-  WriteWholeFile(Work("next.plan"), plan.replace(0, plan.find('\n'), "velmora-plan\t2"));
-  const auto [code, out, err] = Run({"--from-plan", "next.plan"});
-  EXPECT_TRUE(code == 1 &&
-              err.find("next.plan is a plan of version 2, which this velmora-batch does not know") != std::string::npos)
-      << err;
+  // Only the version it knows, and only whole, said plainly.
+  const std::string plan = ReadWholeFile(Work("run.plan"));
+  const std::pair<std::string, std::string> refused[] = {
+      {"velmora-plan\t2" + plan.substr(plan.find('\n')),
+       "is a plan of version 2, which this velmora-batch does not know"},
+      {plan.substr(0, plan.rfind("end")), "is damaged"}};
+  for (const auto& [bytes, message] : refused) {
+    WriteWholeFile(Work("other.plan"), bytes);
+    const auto [code, out, err] = Run({"--from-plan", "other.plan"});
+    EXPECT_TRUE(code == 1 && err.find("other.plan " + message) != std::string::npos) << err;
+  }
 }
 
 // A killed run and a full disk leave only complete files under final names: single-page TIFF files, or multipage ones
