@@ -11,7 +11,6 @@
 #include <chrono>
 #include <cstdio>
 #include <functional>
-#include <numeric>
 #include <random>
 #include <set>
 #include <sstream>
@@ -377,16 +376,15 @@ TEST_F(Batch, ConvertingAFolderIntoItselfReplacesEveryOriginalWithItsConversion)
   }
 }
 
-// Runs every shard of the plan at `plan` for `shards` shards; the plan and its journals are in the work folder.
-using RunShards = std::function<void(const std::string& plan, int shards)>;
+// Runs a job (its options and sources) split into four shards to its end; gives what its last command did.
+using RunSharded = std::function<Result(const std::vector<std::string>& job)>;
 
 class BatchPlanned : public Batch {
  protected:
   // For each collision policy, with the index on: ~60 sources (a 3-page TIFF and a GIF written as page files, a later
-  // source named like one of those pages, sources of the same title, an output already there) planned into four
-  // shards, converted by `run_shards` and finished give the files, names, index and closing lines of one run.
-  // With Overwrite a shard is first killed after its first output, and the finish names what is missing.
-  void ExpectShardedRunGivesOneRunsResult(const RunShards& run_shards) {
+  // source named like one of those pages, sources of the same title, an output already there) run by `run_sharded`
+  // give the files, names, index and closing lines of one run of the same job.
+  void ExpectShardedRunGivesOneRunsResult(const RunSharded& run_sharded) {
     for (const char* folder : {"src/b", "one", "sharded"}) fs::create_directories(Work(folder));
     for (unsigned i = 0; i < 54; ++i) {
       const std::string name = i < 44 ? "src/p" + std::to_string(i) : "src/b/p" + std::to_string(i - 44);
@@ -413,29 +411,11 @@ class BatchPlanned : public Batch {
       ASSERT_EQ(code, 0) << err;
       // The command line's sources come first, then those read from standard input.
       WriteWholeFile(input_ = Work("list"), "\nlast.ico\n");
-      ASSERT_EQ(std::get<0>(Run({"-q", "--write-plan", "run.plan", "--profile", "job.profile", "--output-folder",
-                                 "sharded", "src", "--sources-from", "-"})),
-                0);
+      const Result finished =
+          run_sharded({"--profile", "job.profile", "--output-folder", "sharded", "src", "--sources-from", "-"});
       input_ = "/dev/null";
-      if (policy == 1) {
-        Run({"--from-plan", "run.plan", "--shard", "3/4", "--jobs", "1"}, [&](pid_t shard) {
-          const auto outputs = [&] {
-            const std::vector<std::string> names = Names(Work("sharded"));
-            return std::count_if(names.begin(), names.end(), [](const std::string& name) { return name[0] != '.'; });
-          };
-          for (const auto give_up = Clock::now() + std::chrono::seconds(30); outputs() < 2 && Clock::now() < give_up;)
-            std::this_thread::sleep_for(std::chrono::microseconds(200));
-          ::kill(shard, SIGKILL);
-        });
-        const auto [unfinished, none, missing] = Run({"--finish-plan", "run.plan"});
-        EXPECT_EQ(unfinished, app::kExitNotWritten);
-        EXPECT_NE(missing.find("velmora-batch: missing: " + Work("sharded/")), std::string::npos);
-        EXPECT_FALSE(fs::exists(Work("sharded/index.html")));
-      }
-      run_shards(Work("run.plan"), 4);
       // The closing lines: "Completed." and the counts, after the run's progress lines.
-      const std::string closing = out.substr(out.rfind("Completed."));
-      EXPECT_EQ(Run({"--finish-plan", "run.plan"}), (Result{0, closing, ""}));
+      EXPECT_EQ(finished, (Result{0, out.substr(out.rfind("Completed.")), ""}));
       const auto files = ReadFolderFiles(Work("one"));
       EXPECT_TRUE(files == ReadFolderFiles(Work("sharded")));
       EXPECT_TRUE(files.contains("scan (page 2).jpg") && files.contains("index.html")) << files.size();
@@ -443,15 +423,32 @@ class BatchPlanned : public Batch {
   }
 };
 
+// The plan, then a shard killed after its first output (the finish names what is missing), then all four shards in a
+// shuffled order (the killed one finishes what it had not), each a process of its own; then the finish.
 TEST_F(BatchPlanned, ShardsInAnyOrderGiveOneRunsFilesIndexAndClosingLines) {
-  ExpectShardedRunGivesOneRunsResult([this](const std::string& plan, int shards) {
-    std::vector<int> order(static_cast<std::size_t>(shards));
-    std::iota(order.begin(), order.end(), 0);
+  ExpectShardedRunGivesOneRunsResult([this](std::vector<std::string> job) {
+    job.insert(job.begin(), {"-q", "--write-plan", "run.plan"});
+    EXPECT_EQ(std::get<0>(Run(job)), 0);
+    Run({"--from-plan", "run.plan", "--shard", "3/4", "--jobs", "1"}, [&](pid_t shard) {
+      const auto outputs = [&] {
+        const std::vector<std::string> names = Names(Work("sharded"));
+        return std::count_if(names.begin(), names.end(), [](const std::string& name) { return name[0] != '.'; });
+      };
+      for (const auto give_up = Clock::now() + std::chrono::seconds(30); outputs() < 2 && Clock::now() < give_up;)
+        std::this_thread::sleep_for(std::chrono::microseconds(200));
+      ::kill(shard, SIGKILL);
+    });
+    const auto [unfinished, none, missing] = Run({"--finish-plan", "run.plan"});
+    EXPECT_EQ(unfinished, app::kExitNotWritten);
+    EXPECT_NE(missing.find("velmora-batch: missing: " + Work("sharded/")), std::string::npos);
+    EXPECT_FALSE(fs::exists(Work("sharded/index.html")));
+    std::vector<int> order = {0, 1, 2, 3};
     std::shuffle(order.begin(), order.end(), std::mt19937(7));
     for (const int k : order) {
-      const auto [code, out, err] = Run({"--from-plan", plan, "--shard", std::to_string(k) + "/4"});
+      const auto [code, out, err] = Run({"--from-plan", "run.plan", "--shard", std::to_string(k) + "/4"});
       EXPECT_EQ(code, 0) << err;
     }
+    return Run({"--finish-plan", "run.plan"});
   });
   // Only the version it knows, and only whole, said plainly.
   const std::string plan = ReadWholeFile(Work("run.plan"));
