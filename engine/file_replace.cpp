@@ -8,6 +8,7 @@
 #include <atomic>
 #include <cstdio>
 #include <filesystem>
+#include <random>
 
 #include "engine/fd_io.h"
 #include "engine/paths.h"
@@ -41,7 +42,9 @@ std::string FollowLinks(const std::string& path) {
 }  // namespace
 
 std::string TemporaryNameFor(const std::string& target) {
-  static std::atomic<unsigned> counter{0};
+  // Shards of one run on other machines (or in containers, where every process may have the same
+  // pid) can write the same name in one shared folder: the count starts anywhere.
+  static std::atomic<unsigned> counter{std::random_device()()};
   std::string name = FileNameOfPath(target);
   const std::string folder = target.substr(0, target.size() - name.size());
   // A name near the file system's limit of 255 bytes keeps its end, which holds the extension.

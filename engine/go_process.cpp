@@ -25,8 +25,8 @@ void ShowPreviewPage(RunContext& run, const FinishedSource& finished) {
 // caller's thread: a preview already has a thread of its own.
 // Where the sources are transformed: worker processes when a worker program is given.
 std::unique_ptr<SourceQueue> MakeSourceQueue(RunContext& run, const std::vector<std::string>& rows, int jobs,
-                                             const WorkerLimits& limits) {
-  if (limits.program.empty()) return std::make_unique<SourceExecutor>(run.job, run.lib, rows, jobs);
+                                             const WorkerLimits& limits, std::size_t first_row = 0) {
+  if (limits.program.empty()) return std::make_unique<SourceExecutor>(run.job, run.lib, rows, jobs, first_row);
   WorkerJob spec{run.state.blocks,
                  run.state.output,
                  run.state.font,
@@ -35,7 +35,7 @@ std::unique_ptr<SourceQueue> MakeSourceQueue(RunContext& run, const std::vector<
                  run.job.preview_frame_height};
   spec.upright = run.job.upright;
   spec.keep_colour_profile = run.job.keep_colour_profile;
-  return std::make_unique<WorkerProcesses>(spec, run.job.carries_page_state, rows, jobs, limits);
+  return std::make_unique<WorkerProcesses>(spec, run.job.carries_page_state, rows, jobs, limits, first_row);
 }
 
 void RunPreview(RunContext& run, const SourceList& sources, const WorkerLimits& limits) {
@@ -54,21 +54,31 @@ void RunPreview(RunContext& run, const SourceList& sources, const WorkerLimits& 
 
 void RunSources(RunContext& run, const SourceList& sources, int jobs, const WorkerLimits& limits) {
   run.outputs = OutputLedger(run.FailureLog(), sources.rows);
-  const std::unique_ptr<SourceQueue> queue = MakeSourceQueue(run, sources.rows, jobs, limits);
-  for (std::size_t i = 0; i < sources.rows.size(); ++i) {
-    const SourcePlan plan = PlanSource(run, sources.rows[i], static_cast<std::int64_t>(i));
-    run.view.SetProgressValue(static_cast<int>(i + 1));
+  ConvertRows(run, sources.rows, 0, jobs, limits,
+              [&](std::size_t row) { return PlanSource(run, sources.rows[row], static_cast<std::int64_t>(row)); }, {});
+}
+
+}  // namespace
+
+void ConvertRows(RunContext& run, const std::vector<std::string>& rows, std::size_t first_row, int jobs,
+                 const WorkerLimits& limits, const std::function<SourcePlan(std::size_t row)>& plan_row,
+                 const std::function<void(std::size_t row)>& row_done) {
+  const std::unique_ptr<SourceQueue> queue = MakeSourceQueue(run, rows, jobs, limits, first_row);
+  for (std::size_t i = first_row; i < rows.size(); ++i) {
+    const SourcePlan plan = plan_row(i);
+    run.view.SetProgressValue(static_cast<int>(i - first_row + 1));
     run.view.SetFile("Current file: " + FileNameOfPath(plan.path));
     FinishedSource finished = queue->Take(i, [&run] { run.view.Yield(); });
     // Row i has been read: outputs that would replace its source may now go in place.
     run.outputs.RowRead(i);
     CommitSource(run, plan, finished);
+    if (row_done) row_done(i);
     run.view.Yield();
   }
   run.outputs.PlaceAll();
 }
 
-void Finish(RunContext& run, std::size_t row_count) {
+void FinishRun(RunContext& run, std::size_t row_count) {
   AppState& state = run.state;
   if (!run.job.preview && run.html) {
     run.view.Yield();
@@ -83,8 +93,6 @@ void Finish(RunContext& run, std::size_t row_count) {
   state.preview.PreviewMode = kFalse;
   run.view.ShowWait(false);
 }
-
-}  // namespace
 
 void GoProcess2(AppState& state, const SourceList& sources, RunView& view, const RunOptions& options) {
   RunContext run(state, view);
@@ -114,7 +122,7 @@ void GoProcess2(AppState& state, const SourceList& sources, RunView& view, const
     RunSources(run, sources, options.jobs > 0 ? options.jobs : DefaultJobs(), options.workers);
   // The font values stand where the last page's chain left them.
   state.font = run.job.font_after_pass;
-  Finish(run, row_count);
+  FinishRun(run, row_count);
 }
 
 }  // namespace velmora::engine

@@ -31,15 +31,34 @@ std::string OutputLedger::Key(const std::string& path) {
 bool OutputLedger::Exists(const std::string& path) {
   const std::string key = Key(path);
   if (given_up_.count(key)) return false;
-  return waiting_names_.count(key) > 0 || OutputFileExists(path);
+  return waiting_names_.count(key) > 0 || reserved_.count(key) > 0 || OutputFileExists(path);
 }
 
 void OutputLedger::GiveUp(const std::string& path) {
   given_up_.insert(Key(path));
 }
 
+void OutputLedger::Reserve(const std::string& target) {
+  const std::string key = Key(target);
+  given_up_.erase(key);
+  reserved_.insert(key);
+}
+
+bool OutputLedger::ReadByOtherRow(const std::string& target, std::size_t row) {
+  const auto reader = last_reader_.find(Key(target));
+  return reader != last_reader_.end() && reader->second != row;
+}
+
+void OutputLedger::Supersede(const std::string& target, std::size_t row) {
+  superseded_.emplace(Key(target), row);
+}
+
 void OutputLedger::Place(const std::string& temporary, const std::string& target, std::size_t row) {
   const std::string key = Key(target);
+  if (superseded_.contains({key, row})) {
+    DiscardTemporary(temporary);
+    return;
+  }
   given_up_.erase(key);
   const auto reader = last_reader_.find(key);
   if (reader != last_reader_.end() && reader->second > row) {

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -28,6 +29,16 @@ class OutputLedger {
   // The Overwrite policy gives up the file at `path`: from now on it counts as gone, and it is
   // replaced when a row writes that name. If no row does, the file stays.
   void GiveUp(const std::string& path);
+  // A planning pass: an earlier row will write `target`, so it exists for the rows after it,
+  // given up or not before.
+  void Reserve(const std::string& target);
+  // Whether `target` is the source of a row other than `row`.
+  bool ReadByOtherRow(const std::string& target, std::size_t row);
+  // A later row replaces `target` after `row` has written it: the row's file is thrown away
+  // rather than put in place, so that the later row's file stands whichever is finished first.
+  void Supersede(const std::string& target, std::size_t row);
+  // Whether finished files wait for their sources to be read.
+  bool HoldsBack() const { return !waiting_.empty(); }
 
   // `temporary` holds the finished file for `target`, written for row `row`. It is renamed over
   // `target` now, or once every later row reading `target` has been read.
@@ -51,7 +62,9 @@ class OutputLedger {
   std::unordered_map<std::string, std::string> real_folders_;
   std::unordered_map<std::string, std::size_t> last_reader_;  // key of a source -> last row reading it
   std::unordered_set<std::string> given_up_;
-  std::map<std::string, int> waiting_names_;  // key -> files held back for it
+  std::unordered_set<std::string> reserved_;
+  std::set<std::pair<std::string, std::size_t>> superseded_;  // key and row
+  std::map<std::string, int> waiting_names_;                  // key -> files held back for it
   std::vector<Waiting> waiting_;
 };
 

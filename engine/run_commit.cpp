@@ -41,11 +41,7 @@ void WritePage(RunContext& run, const SourcePlan& plan, const FinishedPage& page
   } else if (WritesMultipageFile(run.job.output)) {
     return;  // the source's file was written whole; it goes in place after the last page
   } else {
-    // Separate files: the page name comes from a fresh expansion; no collision policy applies.
-    const OutputChoices& output = run.job.output;
-    TargetPath = PageName(
-        ExpandTemplate(output.OutputFolder, output.NameTemplate, plan.path, run.job.target.OutputExtension, plan.row),
-        page_index);
+    TargetPath = SeparatePageName(run.job, plan, page_index);
     PlaceEncodedPage(run, page, TargetPath, row, result);
   }
   if (result == 0 && page.readable) run.view.LogFailure(kCannotWrite + TargetPath);
@@ -63,6 +59,13 @@ void PlaceMultipageFile(RunContext& run, const SourcePlan& plan, const FinishedS
 }
 
 }  // namespace
+
+std::string SeparatePageName(const RunJob& job, const SourcePlan& plan, int page) {
+  // A fresh expansion: no collision policy applies to page names.
+  const OutputChoices& output = job.output;
+  return PageName(
+      ExpandTemplate(output.OutputFolder, output.NameTemplate, plan.path, job.target.OutputExtension, plan.row), page);
+}
 
 SourcePlan PlanSource(RunContext& run, const std::string& path, std::int64_t row) {
   const OutputChoices& output = run.job.output;
@@ -85,6 +88,7 @@ void CommitSource(RunContext& run, const SourcePlan& plan, const FinishedSource&
   for (std::size_t p = 0; p < page_count; ++p) {
     ShowChainProgress(run);
     if (run.html) run.html->AddCell(TargetPath);
+    if (run.row_cells) run.row_cells->push_back(TargetPath);
     run.view.SetWaitLabel("100%");
     run.view.Yield();
     if (run.job.preview) TargetPath = run.job.preview_file;

@@ -11,8 +11,8 @@ int DefaultJobs() {
 }
 
 SourceExecutor::SourceExecutor(const RunJob& job, imaging::ImagingLibrary& lib, const std::vector<std::string>& rows,
-                               int jobs)
-    : job_(job), lib_(lib), rows_(rows) {
+                               int jobs, std::size_t first_row)
+    : job_(job), lib_(lib), rows_(rows), next_row_(first_row), next_take_(first_row) {
   std::size_t threads = job.carries_page_state ? 1 : static_cast<std::size_t>(std::max(1, jobs));
   threads = std::min(threads, std::max<std::size_t>(1, rows.size()));
   // One worker goes through the sources in turn with one chain state, as a plain loop would;

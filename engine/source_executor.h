@@ -19,8 +19,10 @@ namespace velmora::engine {
 
 class SourceExecutor : public SourceQueue {
  public:
-  // Starts `jobs` workers over `rows` (one worker when the job carries state from page to page).
-  SourceExecutor(const RunJob& job, imaging::ImagingLibrary& lib, const std::vector<std::string>& rows, int jobs);
+  // Starts `jobs` workers over `rows` from `first_row` on (one worker when the job carries state
+  // from page to page).
+  SourceExecutor(const RunJob& job, imaging::ImagingLibrary& lib, const std::vector<std::string>& rows, int jobs,
+                 std::size_t first_row = 0);
   ~SourceExecutor() override;
   SourceExecutor(const SourceExecutor&) = delete;
   SourceExecutor& operator=(const SourceExecutor&) = delete;

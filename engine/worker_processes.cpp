@@ -64,8 +64,8 @@ std::string FindWorkerProgram() {
 }
 
 WorkerProcesses::WorkerProcesses(const WorkerJob& job, bool carries_page_state, const std::vector<std::string>& rows,
-                                 int jobs, const WorkerLimits& limits)
-    : job_message_(EncodeWorkerJob(job)), rows_(rows), limits_(limits) {
+                                 int jobs, const WorkerLimits& limits, std::size_t first_row)
+    : job_message_(EncodeWorkerJob(job)), rows_(rows), limits_(limits), next_row_(first_row), next_take_(first_row) {
   // A worker that dies while being written to must not take the run with it.
   ::signal(SIGPIPE, SIG_IGN);
   if (limits_.memory_bytes == 0) limits_.memory_bytes = HalfTheMemory();

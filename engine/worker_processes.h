@@ -28,9 +28,10 @@ std::string FindWorkerProgram();
 
 class WorkerProcesses : public SourceQueue {
  public:
-  // `jobs` workers (one when the job carries state from page to page) over `rows`.
+  // `jobs` workers (one when the job carries state from page to page) over `rows` from
+  // `first_row` on.
   WorkerProcesses(const WorkerJob& job, bool carries_page_state, const std::vector<std::string>& rows, int jobs,
-                  const WorkerLimits& limits);
+                  const WorkerLimits& limits, std::size_t first_row = 0);
   ~WorkerProcesses() override;
   WorkerProcesses(const WorkerProcesses&) = delete;
   WorkerProcesses& operator=(const WorkerProcesses&) = delete;

@@ -14,7 +14,9 @@ namespace {
 
 bool TakesValue(std::string_view option) {
   return option == "--profile" || option == "--output-folder" || option == "--format" || option == "--template" ||
-         option == "--jobs" || option == "--source-timeout" || option == "--upload" || option == "--album";
+         option == "--jobs" || option == "--source-timeout" || option == "--upload" || option == "--album" ||
+         option == "--sources-from" || option == "--write-plan" || option == "--from-plan" || option == "--shard" ||
+         option == "--finish-plan";
 }
 
 // A whole number of at least 1, or nothing.
@@ -25,9 +27,54 @@ std::optional<int> PositiveNumber(const std::string& value) {
   return number;
 }
 
+// "K/N" with 0 <= K < N.
+bool StoreShard(BatchOptions& options, const std::string& value) {
+  const std::size_t slash = value.find('/');
+  if (slash == std::string::npos) return false;
+  const std::optional<int> shards = PositiveNumber(value.substr(slash + 1));
+  const std::optional<int> shard = value.substr(0, slash) == "0" ? 0 : PositiveNumber(value.substr(0, slash));
+  if (!shard || !shards || *shard >= *shards) return false;
+  options.shard = *shard;
+  options.shards = *shards;
+  options.shard_given = true;
+  return true;
+}
+
+// The plan options: one file name each.
+std::optional<std::string>* PlanFile(BatchOptions& options, std::string_view option) {
+  if (option == "--sources-from") return &options.sources_from;
+  if (option == "--write-plan") return &options.write_plan;
+  if (option == "--from-plan") return &options.from_plan;
+  if (option == "--finish-plan") return &options.finish_plan;
+  return nullptr;
+}
+
+// Which of the run's forms the options ask for, and whether they fit it; an error text or "".
+std::string CheckForm(const BatchOptions& options) {
+  const int forms = options.write_plan.has_value() + options.from_plan.has_value() + options.finish_plan.has_value();
+  if (forms > 1) return "--write-plan, --from-plan and --finish-plan go one at a time";
+  if (options.shard_given && !options.from_plan) return "--shard goes with --from-plan";
+  const bool planned = options.from_plan || options.finish_plan;
+  if (planned && (!options.sources.empty() || options.sources_from))
+    return std::string(options.from_plan ? "--from-plan" : "--finish-plan") + " takes no sources: they are in the plan";
+  const bool job_options = options.profile || options.output_folder || options.output_format || options.name_template;
+  if (planned && job_options)
+    return std::string(options.from_plan ? "--from-plan" : "--finish-plan") +
+           " takes no job options: the job is in the plan";
+  if (forms > 0 && (options.upload_ftp || options.upload_album)) return "--upload does not go with a planned run";
+  if (options.sources.empty() && !options.sources_from && !planned && !options.help && !options.version)
+    return "no source images given: name at least one file or folder";
+  return {};
+}
+
 // Stores one option's value; returns an error text or "".
 std::string StoreValue(BatchOptions& options, std::string_view option, const std::string& value) {
-  if (option == "--profile") {
+  if (std::optional<std::string>* file = PlanFile(options, option)) {
+    if (value.empty()) return std::string(option) + " needs a file name";
+    *file = value;
+  } else if (option == "--shard") {
+    if (!StoreShard(options, value)) return "--shard needs K/N with 0 <= K < N, not '" + value + "'";
+  } else if (option == "--profile") {
     if (value.empty()) return "--profile needs a file name";
     options.profile = value;
   } else if (option == "--output-folder") {
@@ -99,8 +146,7 @@ ParsedArguments ParseBatchArguments(const std::vector<std::string>& arguments) {
     parsed.error = StoreValue(options, name, value);
     if (!parsed.error.empty()) return parsed;
   }
-  if (options.sources.empty() && !options.help && !options.version)
-    parsed.error = "no source images given: name at least one file or folder";
+  parsed.error = CheckForm(options);
   return parsed;
 }
 
@@ -119,6 +165,9 @@ std::string BatchVersionText() {
 
 std::string BatchHelpText() {
   return R"(Usage: velmora-batch [OPTIONS] SOURCE...
+       velmora-batch --write-plan PLAN [OPTIONS] SOURCE...
+       velmora-batch --from-plan PLAN --shard K/N [--jobs N] [--quiet]
+       velmora-batch --finish-plan PLAN [--quiet]
 
 Converts images without a window: every page of every source goes through the
 job's chain of operations and is written under a name from the job's file-name
@@ -131,6 +180,10 @@ more, in any letter case): the files of a folder come first, type by type in
 that list's order and by name within a type, then its subfolders by name. A
 file named on the command line is taken whatever its type. Empty files, and
 paths already taken, are passed over.
+
+  --sources-from FILE  also take the sources listed in FILE, one path a line
+                       (- for standard input), after those of the command
+                       line; for runs too large for a command line
 
 The job:
   --profile FILE       run the job saved in FILE (a .profile file). Without it,
@@ -179,6 +232,33 @@ Formats:
   the camera's EXIF block into JPEG, WebP and AVIF. With "Rotate by camera
   orientation" on in the job's settings, photos are turned upright as read.
 
+A run in shards (on many machines, or many processes of one):
+  --write-plan PLAN    convert nothing, but settle the run the job options and
+                       sources describe into the file PLAN: each source's
+                       output names, the "if the output file exists" choice
+                       against the files there and those the sources before it
+                       will write, the counter and the skip count, and the job
+                       itself, so that the shards need nothing but PLAN
+  --from-plan PLAN     convert one shard of the plan's sources under the
+                       planned names; the plan's paths must be visible where it
+                       runs. A shard run again (after a crash, say) redoes only
+                       the sources it has not finished: each shard keeps a
+                       journal beside PLAN
+  --shard K/N          the shard to convert: K from 0 to N-1 (as a job array's
+                       index), each a contiguous range of the plan's sources;
+                       the default is 0/1, the whole plan
+  --finish-plan PLAN   when every shard has run: check that every planned file
+                       is there, write index.html and print the closing lines,
+                       exactly as one run of the job would; each missing file
+                       is named, with exit status 3
+The files, their names, index.html and the closing lines are those of one run
+of the job. The plan counts the pages of multipage sources (GIF, TIFF, ICO,
+HEIF) from their headers: a source that reads there but not in full writes
+other names than planned, which --finish-plan reports. A job whose chain
+carries values from page to page (a resize of unknown units, a watermark of
+unknown alignment), and a plan in which an output replaces another source,
+run as one shard only (--shard 0/1).
+
 Output:
   -q, --quiet          print nothing on standard output
   -h, --help           show this help and exit
@@ -204,10 +284,12 @@ anything of the run replaces it, so converting a folder into itself is safe.
 Exit status:
   0  the run took place; any warnings are about sources that were passed over
   1  the profile or a source does not exist, no source images were found, or
-     the output folder cannot be used; nothing was converted
+     the output folder cannot be used, or a plan cannot be read or split as
+     asked; nothing was converted
   2  bad command line
   3  the run took place, but some output files could not be written (each is
-     named in a warning; nothing partial was left under its name)
+     named in a warning; nothing partial was left under its name); with
+     --finish-plan, planned files are missing
   4  the run took place and every file was written, but some did not arrive
      by --upload (each is named in a warning)
 )";

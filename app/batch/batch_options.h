@@ -27,6 +27,12 @@ struct BatchOptions {
   bool upload_ftp = false;                    // --upload ftp
   bool upload_album = false;                  // --upload album
   std::string album;                          // --album: the title of the web album to post to
+  std::optional<std::string> sources_from;    // --sources-from: a file of source paths, one a line; "-" stdin
+  std::optional<std::string> write_plan;      // --write-plan: plan the run into this file
+  std::optional<std::string> from_plan;       // --from-plan: convert a shard of this plan
+  std::optional<std::string> finish_plan;     // --finish-plan: check and close this plan
+  int shard = 0, shards = 1;                  // --shard K/N: 0-based K of N
+  bool shard_given = false;
   bool quiet = false;
   bool help = false;
   bool version = false;
@@ -38,7 +44,8 @@ struct ParsedArguments {
 };
 
 // Parses the arguments after the program name. Options take their value as the next argument or
-// after "="; "--" ends the options. Without --help or --version at least one source is needed.
+// after "="; "--" ends the options. Without --help or --version at least one source is needed,
+// except by --from-plan and --finish-plan, whose sources are in the plan.
 ParsedArguments ParseBatchArguments(const std::vector<std::string>& arguments);
 
 // The OutputFormat index of a format name: bmp 0, jpeg (jpg) 1, gif 2, png 3, tga 4, tiff (tif) 5,

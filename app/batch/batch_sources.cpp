@@ -4,6 +4,8 @@
 #include <sys/stat.h>
 
 #include <filesystem>
+#include <fstream>
+#include <iostream>
 
 #include "engine/source_scan.h"
 
@@ -41,6 +43,19 @@ CollectedSources CollectSources(const std::vector<std::string>& paths) {
       if (!found[i].empty()) adder.Add(found[i]);
   }
   return collected;
+}
+
+std::string ReadSourceList(const std::string& file, std::vector<std::string>& paths) {
+  std::ifstream named;
+  if (file != "-") named.open(file);
+  std::istream& in = file == "-" ? std::cin : named;
+  if (!in) return "cannot read the source list " + file;
+  for (std::string line; std::getline(in, line);) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    if (!line.empty()) paths.push_back(line);
+  }
+  if (in.bad()) return "cannot read the source list " + file;
+  return {};
 }
 
 }  // namespace velmora::app

@@ -18,4 +18,8 @@ struct CollectedSources {
 // the "All image files" patterns. Relative paths are made absolute against the current folder.
 CollectedSources CollectSources(const std::vector<std::string>& paths);
 
+// Adds the paths listed in `file` (standard input for "-"), one a line, to `paths`; empty lines
+// are passed over. Returns why the list can't be read, or "".
+std::string ReadSourceList(const std::string& file, std::vector<std::string>& paths);
+
 }  // namespace velmora::app

@@ -11,6 +11,7 @@
 #include <chrono>
 #include <cstdio>
 #include <functional>
+#include <random>
 #include <set>
 #include <sstream>
 #include <thread>
@@ -54,9 +55,9 @@ class Batch : public ::testing::Test {
   // gets its pid (sh and env exec in turn, so the pid stays) before it is waited for.
   Result Run(std::vector<std::string> arguments, const std::function<void(pid_t)>& during = {}) const {
     const std::string out = streams_.file("out"), err = streams_.file("err");
-    arguments.insert(arguments.begin(),
-                     {"sh", "-c", "exec \"$@\" >" + out + " 2>" + err, "sh", "env", "-u", "XDG_CONFIG_HOME", "-C",
-                      work_.path().string(), "HOME=" + home_.path().string(), VELMORA_BINARY_DIR "/app/velmora-batch"});
+    arguments.insert(arguments.begin(), {"sh", "-c", "exec \"$@\" <" + input_ + " >" + out + " 2>" + err, "sh", "env",
+                                         "-u", "XDG_CONFIG_HOME", "-C", work_.path().string(),
+                                         "HOME=" + home_.path().string(), VELMORA_BINARY_DIR "/app/velmora-batch"});
     std::vector<char*> argv;
     for (std::string& argument : arguments) argv.push_back(argument.data());
     argv.push_back(nullptr);
@@ -81,6 +82,7 @@ class Batch : public ::testing::Test {
   }
 
   TempFolder home_, work_, streams_;
+  std::string input_ = "/dev/null";  // standard input of the runs
 };
 
 // A bad command line exits with 2; a missing profile or source, no images or an unusable output folder with 1, and
@@ -120,6 +122,12 @@ TEST_F(Batch, RefusesABadRunUpFrontAndConvertsAGoodOneInScanOrder) {
       {{"--template", "", "pics"}, 2, "--template needs a non-empty template"},
       {{"--quiet=yes", "pics"}, 2, "--quiet takes no value"},
       {{"--upload", "web", "pics"}, 2, "unknown upload 'web' (use ftp or album)"},
+      {{"--from-plan", "a.plan", "--shard", "4/4"}, 2, "--shard needs K/N with 0 <= K < N, not '4/4'"},
+      {{"--shard", "0/2", "pics"}, 2, "--shard goes with --from-plan"},
+      {{"--finish-plan", "a.plan", "pics"}, 2, "--finish-plan takes no sources: they are in the plan"},
+      {{"--from-plan", "a.plan", "--format", "png"}, 2, "--from-plan takes no job options: the job is in the plan"},
+      {{"--from-plan", "a.plan"}, 1, "cannot read the plan a.plan"},
+      {{"--sources-from", "pics/list"}, 1, "cannot read the source list pics/list"},
       {{"--profile", "missing.profile", "pics"}, 1, "profile not found: missing.profile"},
       {{"--profile", "pics", "pics"}, 1, "profile is a folder, not a file: pics"},
       {{"pics", "nope.jpg"}, 1, "no such file or folder: nope.jpg"},
@@ -365,6 +373,93 @@ TEST_F(Batch, ConvertingAFolderIntoItselfReplacesEveryOriginalWithItsConversion)
     for (unsigned i = 0; i < 6; ++i)  // the counter names the row, not the source
       EXPECT_EQ(ReadImageFacts(Work(reference + "/00" + std::to_string(i) + ".jpg")).width,
                 32 + 8 * (crosswise ? 5 - i : i));
+  }
+}
+
+// Runs a job (its options and sources) split into four shards to its end; gives what its last command did.
+using RunSharded = std::function<Result(const std::vector<std::string>& job)>;
+
+class BatchPlanned : public Batch {
+ protected:
+  // For each collision policy, with the index on: ~60 sources (a 3-page TIFF and a GIF written as page files, a later
+  // source named like one of those pages, sources of the same title, an output already there) run by `run_sharded`
+  // give the files, names, index and closing lines of one run of the same job.
+  void ExpectShardedRunGivesOneRunsResult(const RunSharded& run_sharded) {
+    for (const char* folder : {"src/b", "one", "sharded"}) fs::create_directories(Work(folder));
+    for (unsigned i = 0; i < 54; ++i) {
+      const std::string name = i < 44 ? "src/p" + std::to_string(i) : "src/b/p" + std::to_string(i - 44);
+      ASSERT_TRUE(i % 3 == 0   ? samples::WritePhotoJpeg(Work(name + ".jpg"), 16 + i, 12, 90, i)
+                  : i % 3 == 1 ? samples::WriteAlphaPng(Work(name + ".png"), 8 + i, 10)
+                               : samples::WritePaletteBmp(Work(name + ".bmp"), 12, 8 + i));
+    }
+    ASSERT_TRUE(samples::WriteMultipageTiff(Work("src/scan.tif"), 20, 10, 3));
+    ASSERT_TRUE(samples::WriteAnimatedGif(Work("src/spin.gif"), 10, 10, 2));
+    ASSERT_TRUE(samples::WriteAlphaPng(Work("src/b/scan (page 1).png"), 9, 9));
+    ASSERT_TRUE(samples::WriteIcon(Work("last.ico"), 16));
+    for (int policy = 0; policy < 3; ++policy) {
+      SCOPED_TRACE(policy);
+      for (const char* folder : {"one", "sharded"}) {
+        fs::remove_all(Work(folder));
+        fs::create_directory(Work(folder));
+        WriteWholeFile(Work(folder) + "/p3.jpg", "older");
+      }
+      Profile([&](engine::AppState& state) {
+        state.settings.IfOutputFileExists = static_cast<std::int16_t>(policy);
+        state.settings.GenerateHtmlIndex = engine::kTrue;
+      });
+      const auto [code, out, err] = Run({"--profile", "job.profile", "--output-folder", "one", "src", "last.ico"});
+      ASSERT_EQ(code, 0) << err;
+      // The command line's sources come first, then those read from standard input.
+      WriteWholeFile(input_ = Work("list"), "\nlast.ico\n");
+      const Result finished =
+          run_sharded({"--profile", "job.profile", "--output-folder", "sharded", "src", "--sources-from", "-"});
+      input_ = "/dev/null";
+      // The closing lines: "Completed." and the counts, after the run's progress lines.
+      EXPECT_EQ(finished, (Result{0, out.substr(out.rfind("Completed.")), ""}));
+      const auto files = ReadFolderFiles(Work("one"));
+      EXPECT_TRUE(files == ReadFolderFiles(Work("sharded")));
+      EXPECT_TRUE(files.contains("scan (page 2).jpg") && files.contains("index.html")) << files.size();
+    }
+  }
+};
+
+// The plan, then a shard killed after its first output (the finish names what is missing), then all four shards in a
+// shuffled order (the killed one finishes what it had not), each a process of its own; then the finish.
+TEST_F(BatchPlanned, ShardsInAnyOrderGiveOneRunsFilesIndexAndClosingLines) {
+  ExpectShardedRunGivesOneRunsResult([this](std::vector<std::string> job) {
+    job.insert(job.begin(), {"-q", "--write-plan", "run.plan"});
+    EXPECT_EQ(std::get<0>(Run(job)), 0);
+    Run({"--from-plan", "run.plan", "--shard", "3/4", "--jobs", "1"}, [&](pid_t shard) {
+      const auto outputs = [&] {
+        const std::vector<std::string> names = Names(Work("sharded"));
+        return std::count_if(names.begin(), names.end(), [](const std::string& name) { return name[0] != '.'; });
+      };
+      for (const auto give_up = Clock::now() + std::chrono::seconds(30); outputs() < 2 && Clock::now() < give_up;)
+        std::this_thread::sleep_for(std::chrono::microseconds(200));
+      ::kill(shard, SIGKILL);
+    });
+    const auto [unfinished, none, missing] = Run({"--finish-plan", "run.plan"});
+    EXPECT_EQ(unfinished, app::kExitNotWritten);
+    EXPECT_NE(missing.find("velmora-batch: missing: " + Work("sharded/")), std::string::npos);
+    EXPECT_FALSE(fs::exists(Work("sharded/index.html")));
+    std::vector<int> order = {0, 1, 2, 3};
+    std::shuffle(order.begin(), order.end(), std::mt19937(7));
+    for (const int k : order) {
+      const auto [code, out, err] = Run({"--from-plan", "run.plan", "--shard", std::to_string(k) + "/4"});
+      EXPECT_EQ(code, 0) << err;
+    }
+    return Run({"--finish-plan", "run.plan"});
+  });
+  // Only the version it knows, and only whole, said plainly.
+  const std::string plan = ReadWholeFile(Work("run.plan"));
+  const std::pair<std::string, std::string> refused[] = {
+      {"velmora-plan\t2" + plan.substr(plan.find('\n')),
+       "is a plan of version 2, which this velmora-batch does not know"},
+      {plan.substr(0, plan.rfind("end")), "is damaged"}};
+  for (const auto& [bytes, message] : refused) {
+    WriteWholeFile(Work("other.plan"), bytes);
+    const auto [code, out, err] = Run({"--from-plan", "other.plan"});
+    EXPECT_TRUE(code == 1 && err.find("other.plan " + message) != std::string::npos) << err;
   }
 }
 
