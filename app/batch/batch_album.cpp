@@ -2,9 +2,9 @@
 #include "app/batch/batch_album.h"
 
 #include <algorithm>
-#include <string>
 #include <cstdlib>
 #include <sstream>
+#include <string>
 
 #include "upload/picasa_upload.h"
 #include "upload/text_search.h"

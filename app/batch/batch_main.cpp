@@ -82,6 +82,7 @@ int RunBatch(const std::vector<std::string>& arguments, std::FILE* out, std::FIL
     std::fputs(BatchVersionText().c_str(), out);
     return kExitOk;
   }
+  if (options.slurm_tasks > 0) return SlurmPlanCommand(options, out, err);
   if (options.write_plan) return WritePlanCommand(options, out, err);
   if (options.from_plan) return RunShardCommand(*options.from_plan, options.shard, options.shards, options, out, err);
   if (options.finish_plan) return FinishPlanCommand(*options.finish_plan, options, out, err);

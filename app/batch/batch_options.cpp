@@ -16,7 +16,7 @@ bool TakesValue(std::string_view option) {
   return option == "--profile" || option == "--output-folder" || option == "--format" || option == "--template" ||
          option == "--jobs" || option == "--source-timeout" || option == "--upload" || option == "--album" ||
          option == "--sources-from" || option == "--write-plan" || option == "--from-plan" || option == "--shard" ||
-         option == "--finish-plan";
+         option == "--finish-plan" || option == "--slurm" || option == "--slurm-args";
 }
 
 // A whole number of at least 1, or nothing.
@@ -54,6 +54,8 @@ std::string CheckForm(const BatchOptions& options) {
   const int forms = options.write_plan.has_value() + options.from_plan.has_value() + options.finish_plan.has_value();
   if (forms > 1) return "--write-plan, --from-plan and --finish-plan go one at a time";
   if (options.shard_given && !options.from_plan) return "--shard goes with --from-plan";
+  if ((options.slurm_tasks > 0 || options.slurm_arguments) && !options.write_plan)
+    return "--slurm and --slurm-args go with --write-plan";
   const bool planned = options.from_plan || options.finish_plan;
   if (planned && (!options.sources.empty() || options.sources_from))
     return std::string(options.from_plan ? "--from-plan" : "--finish-plan") + " takes no sources: they are in the plan";
@@ -94,10 +96,12 @@ std::string StoreValue(BatchOptions& options, std::string_view option, const std
   } else if (option == "--album") {
     if (value.empty()) return "--album needs an album title";
     options.album = value;
-  } else if (option == "--jobs" || option == "--source-timeout") {
+  } else if (option == "--slurm-args") {
+    options.slurm_arguments = value;
+  } else if (option == "--jobs" || option == "--source-timeout" || option == "--slurm") {
     const std::optional<int> number = PositiveNumber(value);
     if (!number) return std::string(option) + " needs a whole number of at least 1, not '" + value + "'";
-    (option == "--jobs" ? options.jobs : options.source_timeout) = *number;
+    (option == "--jobs" ? options.jobs : option == "--slurm" ? options.slurm_tasks : options.source_timeout) = *number;
   }
   return {};
 }
@@ -168,6 +172,7 @@ std::string BatchHelpText() {
        velmora-batch --write-plan PLAN [OPTIONS] SOURCE...
        velmora-batch --from-plan PLAN --shard K/N [--jobs N] [--quiet]
        velmora-batch --finish-plan PLAN [--quiet]
+       velmora-batch --slurm N [--slurm-args TEXT] --write-plan PLAN [OPTIONS] SOURCE...
 
 Converts images without a window: every page of every source goes through the
 job's chain of operations and is written under a name from the job's file-name
@@ -251,6 +256,14 @@ A run in shards (on many machines, or many processes of one):
                        is there, write index.html and print the closing lines,
                        exactly as one run of the job would; each missing file
                        is named, with exit status 3
+  --slurm N            with --write-plan, write the plan, run its N shards as
+                       one Slurm job array of N tasks (task K running
+                       --from-plan PLAN --shard K/N), show how many tasks have
+                       ended, then finish the plan as --finish-plan does.
+                       Each task's output goes to PLAN.task-JOB_K.log
+  --slurm-args TEXT    more arguments for sbatch, split as a shell would split
+                       them, such as a partition and a time limit for the
+                       tasks
 The files, their names, index.html and the closing lines are those of one run
 of the job. The plan counts the pages of multipage sources (GIF, TIFF, ICO,
 HEIF) from their headers: a source that reads there but not in full writes

@@ -33,6 +33,8 @@ struct BatchOptions {
   std::optional<std::string> finish_plan;     // --finish-plan: check and close this plan
   int shard = 0, shards = 1;                  // --shard K/N: 0-based K of N
   bool shard_given = false;
+  int slurm_tasks = 0;                         // --slurm N: run the plan's N shards as a Slurm job array
+  std::optional<std::string> slurm_arguments;  // --slurm-args: more sbatch arguments, split as a shell would
   bool quiet = false;
   bool help = false;
   bool version = false;

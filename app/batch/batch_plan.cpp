@@ -8,6 +8,7 @@
 
 #include "app/batch/batch_main.h"
 #include "app/batch/batch_view.h"
+#include "app/batch/slurm_array.h"
 #include "engine/plan_run.h"
 
 namespace velmora::app {
@@ -75,6 +76,30 @@ int FinishPlanCommand(const std::string& plan_path, const BatchOptions& options,
                    std::to_string(check.missing.size()) +
                        " planned output(s) are missing; run their shards again (a shard redoes only the rows it "
                        "has not finished)");
+}
+
+int SlurmPlanCommand(const BatchOptions& options, std::FILE* out, std::FILE* err) {
+  if (const int code = WritePlanCommand(options, out, err); code != kExitOk) return code;
+  // The tasks start elsewhere: the plan and this program by their full paths.
+  std::error_code error;
+  const std::string self = std::filesystem::read_symlink("/proc/self/exe", error).string();
+  const std::string plan = std::filesystem::absolute(*options.write_plan).lexically_normal().string();
+  const SlurmArray array{self, plan, options.slurm_tasks, options.slurm_arguments.value_or(""),
+                         plan + ".task-%A_%a.log"};
+  BatchView view = ViewOn(out, options);
+  view.SetProgressRange(0, array.tasks);
+  view.SetStatus("Processing...");
+  const SlurmOutcome outcome = RunSlurmArray(array, [&](const std::string& job_id, int done) {
+    view.SetProgressValue(done);
+    view.SetFile("Slurm job " + job_id + ": " + std::to_string(done) + " of " + std::to_string(array.tasks) +
+                 " task(s) ended");
+  });
+  view.SetStatus("");
+  if (outcome.job_id.empty()) return FailBatch(err, kExitFailure, outcome.problem);
+  view.SetFile("Slurm job " + outcome.job_id + " ended.");
+  // The finish names whatever a failed task left undone.
+  if (!outcome.problem.empty()) std::fprintf(err, "velmora-batch: warning: %s\n", outcome.problem.c_str());
+  return FinishPlanCommand(plan, options, out, err);
 }
 
 }  // namespace velmora::app

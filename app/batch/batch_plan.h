@@ -22,4 +22,8 @@ int RunShardCommand(const std::string& plan_path, int shard, int shards, const B
 // lines; names each missing output on `err` and ends with kExitNotWritten when some are missing.
 int FinishPlanCommand(const std::string& plan_path, const BatchOptions& options, std::FILE* out, std::FILE* err);
 
+// Writes the plan, runs its options.slurm_tasks shards as one Slurm job array and waits for it,
+// then finishes the plan; the exit status is the finish's, or that of the step that failed.
+int SlurmPlanCommand(const BatchOptions& options, std::FILE* out, std::FILE* err);
+
 }  // namespace velmora::app

@@ -6,6 +6,7 @@
 #include <spawn.h>
 #include <sys/mount.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
@@ -124,6 +125,7 @@ TEST_F(Batch, RefusesABadRunUpFrontAndConvertsAGoodOneInScanOrder) {
       {{"--upload", "web", "pics"}, 2, "unknown upload 'web' (use ftp or album)"},
       {{"--from-plan", "a.plan", "--shard", "4/4"}, 2, "--shard needs K/N with 0 <= K < N, not '4/4'"},
       {{"--shard", "0/2", "pics"}, 2, "--shard goes with --from-plan"},
+      {{"--slurm", "4", "pics"}, 2, "--slurm and --slurm-args go with --write-plan"},
       {{"--finish-plan", "a.plan", "pics"}, 2, "--finish-plan takes no sources: they are in the plan"},
       {{"--from-plan", "a.plan", "--format", "png"}, 2, "--from-plan takes no job options: the job is in the plan"},
       {{"--from-plan", "a.plan"}, 1, "cannot read the plan a.plan"},
@@ -461,6 +463,23 @@ TEST_F(BatchPlanned, ShardsInAnyOrderGiveOneRunsFilesIndexAndClosingLines) {
     const auto [code, out, err] = Run({"--from-plan", "other.plan"});
     EXPECT_TRUE(code == 1 && err.find("other.plan " + message) != std::string::npos) << err;
   }
+}
+
+// The same job by `--slurm 4` on a one-node Slurm of this machine (scripts/slurm-local, in a folder of its own).
+TEST_F(BatchPlanned, SlurmJobArrayGivesOneRunsFilesIndexAndClosingLines) {
+  if (::geteuid() != 0 || ::access("/usr/sbin/slurmctld", X_OK) != 0) GTEST_SKIP() << "needs root and slurmctld";
+  const std::string cluster = "VELMORA_SLURM_DIR=" + Work("slurm") +
+                              " VELMORA_SLURM_PORT=16917 bash " VELMORA_SOURCE_DIR "/scripts/slurm-local ";
+  ASSERT_EQ(std::system((cluster + "up >/dev/null").c_str()), 0);
+  ::setenv("SLURM_CONF", Work("slurm/slurm.conf").c_str(), 1);
+  ExpectShardedRunGivesOneRunsResult([this](std::vector<std::string> job) {
+    job.insert(job.begin(), {"--slurm", "4", "--write-plan", "run.plan"});
+    auto [code, out, err] = Run(job);
+    // The plan's line and the tasks' progress come before the closing lines.
+    return Result{code, out.substr(std::min(out.rfind("Completed."), out.size())), err};
+  });
+  ::unsetenv("SLURM_CONF");
+  EXPECT_EQ(std::system((cluster + "down").c_str()), 0);
 }
 
 // A killed run and a full disk leave only complete files under final names: single-page TIFF files, or multipage ones
