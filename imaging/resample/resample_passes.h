@@ -1,0 +1,41 @@
+// The two passes of a separable resize over planes of interleaved samples (bytes, 16-bit words or
+// floats): horizontal rows, then vertical columns, or the other way round. Sums run in double in
+// the order FreeImage uses and are rounded the way it rounds, so the outputs match its bytes.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+namespace velmora::imaging::resample {
+
+// Rows of interleaved samples at a fixed distance in bytes.
+template <typename Sample>
+struct Plane {
+  std::byte* bits = nullptr;
+  std::size_t pitch = 0;
+  unsigned width = 0, height = 0, channels = 0;
+
+  Sample* Row(unsigned y) const { return reinterpret_cast<Sample*>(bits + y * pitch); }
+  std::size_t RowSamples() const { return std::size_t{width} * channels; }
+};
+
+// How a sum becomes a stored sample. A scaled channel is first multiplied by `factor` and divided
+// by `divisor`: it widens 1-bit and 5- or 6-bit fields to 0..255.
+struct Rounding {
+  bool scaled = false;
+  std::array<double, 4> factor{1, 1, 1, 1};
+  std::array<double, 4> divisor{1, 1, 1, 1};
+};
+
+template <typename Sample>
+void ResizeRows(const Plane<const Sample>& source, const Plane<Sample>& target, const Rounding& rounding);
+
+template <typename Sample>
+void ResizeColumns(const Plane<const Sample>& source, const Plane<Sample>& target, const Rounding& rounding);
+
+// Stores the sums of one row, `channels` to a pixel.
+template <typename Sample>
+void StoreRow(const double* sums, std::size_t count, unsigned channels, const Rounding& rounding, Sample* target);
+
+}  // namespace velmora::imaging::resample
