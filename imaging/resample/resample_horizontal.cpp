@@ -1,5 +1,9 @@
 // The horizontal pass: each output pixel of a row is the weighted sum of a run of source pixels,
-// every channel summed separately from the left of the run.
+// every channel summed separately from the left of the run. Each source row is widened to doubles
+// once, since every source pixel feeds several output pixels, and the sums are stored a stretch
+// at a time while they are still in cache.
+#include <algorithm>
+#include <type_traits>
 #include <vector>
 
 #include "imaging/resample/resample_passes.h"
@@ -8,27 +12,87 @@
 namespace velmora::imaging::resample {
 namespace {
 
-template <unsigned Channels, typename Sample>
-void SumRow(const AxisWeights& weights, unsigned width, const Sample* source, double* sums) {
-  for (unsigned x = 0; x < width; ++x) {
+// Output pixels summed before they are stored.
+constexpr unsigned kStretch = 256;
+
+template <typename Sample>
+VELMORA_RESAMPLE_KERNEL void Widen(const Sample* source, std::size_t count, double* row) {
+  for (std::size_t i = 0; i < count; ++i) row[i] = double(source[i]);
+}
+
+// Runs of any length: float samples, and strong reductions.
+template <unsigned Channels>
+void SumStretch(const AxisWeights& weights, unsigned begin, unsigned end, const double* source, double* sums) {
+  for (unsigned x = begin; x < end; ++x, sums += Channels) {
     const double* taps = weights.Of(x);
-    const Sample* pixel = source + std::size_t{weights.first[x]} * Channels;
+    const double* pixel = source + std::size_t{weights.first[x]} * Channels;
     double sum[Channels] = {};
     for (unsigned i = 0; i < weights.count[x]; ++i, pixel += Channels)
-      for (unsigned c = 0; c < Channels; ++c) sum[c] += taps[i] * double(pixel[c]);
+      for (unsigned c = 0; c < Channels; ++c) sum[c] += taps[i] * pixel[c];
     for (unsigned c = 0; c < Channels; ++c) sums[c] = sum[c];
-    sums += Channels;
+  }
+}
+
+// Runs padded with zero weights to one short length. For integer samples a padded term adds
+// exactly zero to a sum that is never negative, so the sums stay the same, and the fixed length
+// lets the compiler unroll the loop. Several output pixels are summed side by side so that the
+// additions of one do not wait on each other.
+template <unsigned Channels, unsigned Taps>
+VELMORA_RESAMPLE_KERNEL void SumStretchPadded(const AxisWeights& weights, const double* padded_taps, unsigned begin,
+                                              unsigned end, const double* source, double* sums) {
+  constexpr unsigned kGroup = Channels == 4 ? 2 : 4;
+  unsigned x = begin;
+  for (; x + kGroup <= end; x += kGroup, sums += kGroup * Channels) {
+    double sum[kGroup][Channels] = {};
+    for (unsigned i = 0; i < Taps; ++i)
+      for (unsigned g = 0; g < kGroup; ++g) {
+        const double tap = padded_taps[std::size_t{x + g} * Taps + i];
+        const double* pixel = source + std::size_t{weights.first[x + g] + i} * Channels;
+        for (unsigned c = 0; c < Channels; ++c) sum[g][c] += tap * pixel[c];
+      }
+    for (unsigned g = 0; g < kGroup; ++g)
+      for (unsigned c = 0; c < Channels; ++c) sums[g * Channels + c] = sum[g][c];
+  }
+  for (; x < end; ++x, sums += Channels) {
+    double sum[Channels] = {};
+    for (unsigned i = 0; i < Taps; ++i)
+      for (unsigned c = 0; c < Channels; ++c)
+        sum[c] += padded_taps[std::size_t{x} * Taps + i] * source[std::size_t{weights.first[x] + i} * Channels + c];
+    for (unsigned c = 0; c < Channels; ++c) sums[c] = sum[c];
+  }
+}
+
+template <unsigned Channels, unsigned Taps, typename Sample>
+void SumRows(const Plane<const Sample>& source, const Plane<Sample>& target, const Rounding& rounding,
+             const AxisWeights& weights) {
+  const std::vector<double> padded_taps = Taps ? PaddedTaps(weights, Taps) : std::vector<double>();
+  // Zeros after the row for the padded taps to read.
+  std::vector<double> row(source.RowSamples() + Taps * Channels);
+  std::vector<double> sums(kStretch * Channels);
+  for (unsigned y = 0; y < target.height; ++y) {
+    Widen(source.Row(y), source.RowSamples(), row.data());
+    for (unsigned begin = 0; begin < target.width; begin += kStretch) {
+      const unsigned end = std::min(target.width, begin + kStretch);
+      if constexpr (Taps == 0) {
+        SumStretch<Channels>(weights, begin, end, row.data(), sums.data());
+      } else {
+        SumStretchPadded<Channels, Taps>(weights, padded_taps.data(), begin, end, row.data(), sums.data());
+      }
+      StoreRow(sums.data(), std::size_t{end - begin} * Channels, Channels, rounding,
+               target.Row(y) + std::size_t{begin} * Channels);
+    }
   }
 }
 
 template <unsigned Channels, typename Sample>
 void SumRows(const Plane<const Sample>& source, const Plane<Sample>& target, const Rounding& rounding) {
   const AxisWeights weights = BilinearWeights(target.width, source.width);
-  std::vector<double> sums(target.RowSamples());
-  for (unsigned y = 0; y < target.height; ++y) {
-    SumRow<Channels>(weights, target.width, source.Row(y), sums.data());
-    StoreRow(sums.data(), sums.size(), Channels, rounding, target.Row(y));
-  }
+  const unsigned longest = *std::max_element(weights.count.begin(), weights.count.end());
+  if (std::is_floating_point_v<Sample> || longest > 8) return SumRows<Channels, 0>(source, target, rounding, weights);
+  if (longest <= 2) return SumRows<Channels, 2>(source, target, rounding, weights);
+  if (longest <= 4) return SumRows<Channels, 4>(source, target, rounding, weights);
+  if (longest <= 6) return SumRows<Channels, 6>(source, target, rounding, weights);
+  return SumRows<Channels, 8>(source, target, rounding, weights);
 }
 
 }  // namespace

@@ -7,6 +7,15 @@
 #include <cstddef>
 #include <cstdint>
 
+// The innermost loops are built twice, for AVX2 and for the plain x86-64 baseline, and the
+// processor picks at load time. AVX2 brings wider double lanes but no fused multiply-adds, which
+// these files never use: they are compiled with -ffp-contract=off.
+#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__)
+#define VELMORA_RESAMPLE_KERNEL __attribute__((target_clones("avx2", "default")))
+#else
+#define VELMORA_RESAMPLE_KERNEL
+#endif
+
 namespace velmora::imaging::resample {
 
 // Rows of interleaved samples at a fixed distance in bytes.

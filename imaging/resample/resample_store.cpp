@@ -14,10 +14,9 @@ Sample RoundAndClamp(double sum) {
   return Sample(std::clamp(int(sum + 0.5), 0, int(std::numeric_limits<Sample>::max())));
 }
 
-}  // namespace
-
 template <typename Sample>
-void StoreRow(const double* sums, std::size_t count, unsigned channels, const Rounding& rounding, Sample* target) {
+VELMORA_RESAMPLE_KERNEL void Store(const double* sums, std::size_t count, unsigned channels, const Rounding& rounding,
+                                   Sample* target) {
   if constexpr (std::is_floating_point_v<Sample>) {
     for (std::size_t i = 0; i < count; ++i) target[i] = Sample(sums[i]);
   } else if (!rounding.scaled) {
@@ -27,6 +26,13 @@ void StoreRow(const double* sums, std::size_t count, unsigned channels, const Ro
       for (unsigned c = 0; c < channels; ++c)
         target[i + c] = RoundAndClamp<Sample>(sums[i + c] * rounding.factor[c] / rounding.divisor[c]);
   }
+}
+
+}  // namespace
+
+template <typename Sample>
+void StoreRow(const double* sums, std::size_t count, unsigned channels, const Rounding& rounding, Sample* target) {
+  Store(sums, count, channels, rounding, target);
 }
 
 template void StoreRow(const double*, std::size_t, unsigned, const Rounding&, std::uint8_t*);

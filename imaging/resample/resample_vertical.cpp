@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t kStripSamples = 2040;
 
 template <typename Sample>
-void AddWeightedRow(double weight, const Sample* source, std::size_t count, double* sums) {
+VELMORA_RESAMPLE_KERNEL void AddWeightedRow(double weight, const Sample* source, std::size_t count, double* sums) {
   for (std::size_t i = 0; i < count; ++i) sums[i] += weight * double(source[i]);
 }
 

@@ -52,4 +52,11 @@ AxisWeights BilinearWeights(unsigned output_size, unsigned source_size) {
   return weights;
 }
 
+std::vector<double> PaddedTaps(const AxisWeights& weights, unsigned length) {
+  std::vector<double> padded(weights.first.size() * length);
+  for (std::size_t u = 0; u < weights.first.size(); ++u)
+    std::copy_n(weights.Of(unsigned(u)), weights.count[u], padded.begin() + u * length);
+  return padded;
+}
+
 }  // namespace velmora::imaging::resample

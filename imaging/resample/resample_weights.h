@@ -18,4 +18,8 @@ struct AxisWeights {
 
 AxisWeights BilinearWeights(unsigned output_size, unsigned source_size);
 
+// The weights of every output index in `length` places, the missing ones zero; `length` is at
+// least the longest run.
+std::vector<double> PaddedTaps(const AxisWeights& weights, unsigned length);
+
 }  // namespace velmora::imaging::resample
