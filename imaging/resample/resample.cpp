@@ -3,6 +3,7 @@
 #include "imaging/resample/resample.h"
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "imaging/resample/resample_passes.h"
@@ -21,11 +22,11 @@ Plane<Sample> BitmapPlane(FIBITMAP* dib, unsigned channels) {
           FreeImage_GetHeight(dib), channels};
 }
 
-// A page between the passes, in memory of its own.
+// A page between the passes, in memory of its own, left uninitialised since the first pass fills it.
 template <typename Sample>
-Plane<Sample> BufferPlane(std::vector<Sample>& storage, unsigned width, unsigned height, unsigned channels) {
-  storage.resize(std::size_t{width} * height * channels);
-  return {reinterpret_cast<std::byte*>(storage.data()), std::size_t{width} * channels * sizeof(Sample), width, height,
+Plane<Sample> BufferPlane(std::unique_ptr<Sample[]>& storage, unsigned width, unsigned height, unsigned channels) {
+  storage = std::make_unique_for_overwrite<Sample[]>(std::size_t{width} * height * channels);
+  return {reinterpret_cast<std::byte*>(storage.get()), std::size_t{width} * channels * sizeof(Sample), width, height,
           channels};
 }
 
@@ -47,7 +48,7 @@ void Filter(FIBITMAP* dib, const ResizePlan& plan, FIBITMAP* target) {
   const Plane<Sample> result = BitmapPlane<Sample>(target, plan.channels);
   const bool rows_first = result.width <= source.width;
   const bool rows = result.width != source.width, columns = result.height != source.height;
-  std::vector<Sample> between;
+  std::unique_ptr<Sample[]> between;
   Plane<Sample> middle = result;
   if (rows && columns) {
     middle = rows_first ? BufferPlane(between, result.width, source.height, plan.channels)

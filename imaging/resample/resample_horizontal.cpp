@@ -33,14 +33,12 @@ void SumStretch(const AxisWeights& weights, unsigned begin, unsigned end, const 
   }
 }
 
-// Runs padded with zero weights to one short length. For integer samples a padded term adds
-// exactly zero to a sum that is never negative, so the sums stay the same, and the fixed length
-// lets the compiler unroll the loop. Several output pixels are summed side by side so that the
-// additions of one do not wait on each other.
+// Runs padded with zero weights to one short length (see PaddedLength). Several output pixels are
+// summed side by side so that the additions of one do not wait on each other.
 template <unsigned Channels, unsigned Taps>
 VELMORA_RESAMPLE_KERNEL void SumStretchPadded(const AxisWeights& weights, const double* padded_taps, unsigned begin,
                                               unsigned end, const double* source, double* sums) {
-  constexpr unsigned kGroup = Channels == 4 ? 2 : 4;
+  constexpr unsigned kGroup = 4;
   unsigned x = begin;
   for (; x + kGroup <= end; x += kGroup, sums += kGroup * Channels) {
     double sum[kGroup][Channels] = {};
@@ -87,12 +85,8 @@ void SumRows(const Plane<const Sample>& source, const Plane<Sample>& target, con
 template <unsigned Channels, typename Sample>
 void SumRows(const Plane<const Sample>& source, const Plane<Sample>& target, const Rounding& rounding) {
   const AxisWeights weights = BilinearWeights(target.width, source.width);
-  const unsigned longest = *std::max_element(weights.count.begin(), weights.count.end());
-  if (std::is_floating_point_v<Sample> || longest > 8) return SumRows<Channels, 0>(source, target, rounding, weights);
-  if (longest <= 2) return SumRows<Channels, 2>(source, target, rounding, weights);
-  if (longest <= 4) return SumRows<Channels, 4>(source, target, rounding, weights);
-  if (longest <= 6) return SumRows<Channels, 6>(source, target, rounding, weights);
-  return SumRows<Channels, 8>(source, target, rounding, weights);
+  WithPaddedLength(PaddedLength(weights, std::is_floating_point_v<Sample>),
+                   [&](auto taps) { SumRows<Channels, decltype(taps)::value>(source, target, rounding, weights); });
 }
 
 }  // namespace

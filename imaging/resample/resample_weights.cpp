@@ -52,6 +52,12 @@ AxisWeights BilinearWeights(unsigned output_size, unsigned source_size) {
   return weights;
 }
 
+unsigned PaddedLength(const AxisWeights& weights, bool float_samples) {
+  const unsigned longest = *std::max_element(weights.count.begin(), weights.count.end());
+  if (float_samples || longest > 8) return 0;
+  return std::max(2u, (longest + 1) / 2 * 2);
+}
+
 std::vector<double> PaddedTaps(const AxisWeights& weights, unsigned length) {
   std::vector<double> padded(weights.first.size() * length);
   for (std::size_t u = 0; u < weights.first.size(); ++u)
