@@ -46,15 +46,15 @@ bool IsRgb565(FIBITMAP* dib) {
 }
 
 // The colour each index stands for, one byte a channel in FreeImage's order (blue, green, red,
-// alpha); the index itself for grey ramps, which are read without their palette.
-void FillIndexColours(FIBITMAP* source, bool through_palette, bool with_alpha, IndexColours& colours) {
+// alpha); the index itself for grey ramps, which are read without their palette. Every index has
+// a palette entry, however few of them the page says it uses.
+void FillIndexColours(FIBITMAP* source, unsigned bpp, bool through_palette, bool with_alpha, IndexColours& colours) {
   for (unsigned i = 0; i < 256; ++i) colours[i].fill(std::uint8_t(i));
   if (!through_palette) return;
   const RGBQUAD* palette = FreeImage_GetPalette(source);
-  const unsigned used = FreeImage_GetColorsUsed(source);
-  const unsigned see_through = std::min(used, FreeImage_GetTransparencyCount(source));
+  const unsigned see_through = std::min(FreeImage_GetColorsUsed(source), FreeImage_GetTransparencyCount(source));
   const BYTE* alpha = FreeImage_GetTransparencyTable(source);
-  for (unsigned i = 0; i < used; ++i) {
+  for (unsigned i = 0; i < 1u << bpp; ++i) {
     colours[i] = {palette[i].rgbBlue, palette[i].rgbGreen, palette[i].rgbRed, palette[i].rgbReserved};
     if (with_alpha) colours[i][3] = i < see_through ? alpha[i] : 255;
   }
@@ -82,9 +82,10 @@ std::optional<ResizePlan> PlanStandardBitmap(FIBITMAP* source) {
       plan.target_bpp = colours.colours == Colours::kPalette && !colours.grey ? 24 : 8;
     }
     plan.inverted_grey = plan.target_bpp == 8 && colours.colours == Colours::kWhiteToBlack;
+    // 4-bit pages are always read through their palette, grey ramps too.
     const bool through_palette = colours.colours == Colours::kPalette || bpp == 4;
     plan.unpacked = bpp < 8 || through_palette;
-    FillIndexColours(source, through_palette, plan.target_bpp == 32, plan.index_colours);
+    FillIndexColours(source, bpp, through_palette, plan.target_bpp == 32, plan.index_colours);
     if (bpp == 1 && !through_palette) plan.first_rows = Widened({1, 1, 1, 1});
     // FreeImage widens a 1-bit grey palette page by 255 once more when its columns go first.
     if (bpp == 1 && (!through_palette || plan.target_bpp == 8)) plan.first_columns = Widened({1, 1, 1, 1});

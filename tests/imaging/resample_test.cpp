@@ -90,6 +90,7 @@ TEST(Resample, EveryPixelTypeMatchesFreeImageToTheByte) {
       {"1-bit black to white", FIT_BITMAP, 1, Ramp(2, false)},
       {"1-bit white to black", FIT_BITMAP, 1, Ramp(2, true)},
       {"1-bit grey palette", FIT_BITMAP, 1, {Grey(64), Grey(192)}},
+      {"1-bit white and grey", FIT_BITMAP, 1, {Grey(255), Grey(64)}},
       {"1-bit colours", FIT_BITMAP, 1, colour},
       {"1-bit see-through", FIT_BITMAP, 1, Ramp(2, false), 1},
       {"4-bit grey ramp", FIT_BITMAP, 4, Ramp(16, false)},
@@ -111,10 +112,10 @@ TEST(Resample, EveryPixelTypeMatchesFreeImageToTheByte) {
       {"rgbf", FIT_RGBF, 96, {}},
       {"rgbaf", FIT_RGBAF, 128, {}},
       {"int32, left to FreeImage", FIT_INT32, 32, {}}};
-  std::vector<std::array<int, 4>> sizes{{7, 5, 3, 2},       {7, 5, 13, 11},   {1, 9, 4, 3},     {9, 1, 3, 5},
-                                        {1, 1, 5, 4},       {5, 4, 1, 1},     {6, 8, 6, 3},     {6, 8, 2, 8},
-                                        {5, 5, 5, 5},       {64, 48, 32, 24}, {40, 30, 60, 45}, {1000, 3, 3, 1000},
-                                        {3, 1000, 1000, 3}, {33, 17, 33, 40}, {17, 33, 40, 33}};
+  std::vector<std::array<int, 4>> sizes{{7, 5, 3, 2},     {7, 5, 13, 11},     {1, 9, 4, 3},     {9, 1, 3, 5},
+                                        {1, 1, 5, 4},     {5, 4, 1, 1},       {6, 8, 6, 3},     {6, 8, 2, 8},
+                                        {5, 5, 5, 5},     {64, 48, 32, 24},   {40, 30, 60, 45}, {1000, 3, 3, 1000},
+                                        {800, 4, 790, 7}, {3, 1000, 1000, 3}, {33, 17, 33, 40}, {17, 33, 40, 33}};
   std::mt19937 random(16);
   for (int i = 0; i < 10; ++i) {
     std::uniform_int_distribution<int> side(1, 90);
