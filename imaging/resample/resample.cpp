@@ -1,13 +1,16 @@
-// The order of a bilinear resize, as FreeImage orders it: rows first when the page gets no wider,
-// columns first otherwise, with a temporary page between the passes of the result's own depth.
+// The order of a bilinear resize, as FreeImage orders it: rows first when the page gets narrower,
+// columns first when it gets wider, the samples between the passes stored at the result's depth.
+// Rows first stream: each row of the first pass is made just before the second pass needs it.
 #include "imaging/resample/resample.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <vector>
 
 #include "imaging/resample/resample_passes.h"
 #include "imaging/resample/resample_source.h"
+#include "imaging/resample/resample_weights.h"
 
 namespace velmora::imaging {
 namespace {
@@ -36,6 +39,41 @@ Plane<const Sample> ReadOnly(const Plane<Sample>& plane) {
 }
 
 template <typename Sample>
+resample::SourceRow<Sample> RowsOf(const Plane<const Sample>& plane) {
+  return [plane](unsigned y) { return plane.Row(y); };
+}
+
+template <typename Sample>
+void ResizeEveryRow(const Plane<const Sample>& source, const Plane<Sample>& target, const Rounding& rounding) {
+  const resample::RowResize<Sample> resize =
+      resample::MakeRowResize<Sample>(source.width, target.width, source.channels, rounding);
+  for (unsigned y = 0; y < target.height; ++y) resize(source.Row(y), target.Row(y));
+}
+
+// The rows of the horizontal pass, each made when the vertical pass first asks for it. A run spans
+// at most `longest` rows and runs only move down, so that many slots, used in turn, hold every row
+// still needed.
+template <typename Sample>
+resample::SourceRow<Sample> RowsMadeOnDemand(const Plane<const Sample>& source, unsigned target_width,
+                                             unsigned target_height, const Rounding& rounding) {
+  const resample::AxisWeights runs = resample::BilinearWeights(target_height, source.height);
+  const unsigned slots = *std::max_element(runs.count.begin(), runs.count.end());
+  const std::size_t row_samples = std::size_t{target_width} * source.channels;
+  auto ring = std::make_shared<std::vector<Sample>>(slots * row_samples);
+  auto made = std::make_shared<std::vector<long>>(slots, -1);
+  const resample::RowResize<Sample> resize =
+      resample::MakeRowResize<Sample>(source.width, target_width, source.channels, rounding);
+  return [=](unsigned y) {
+    Sample* slot = ring->data() + (y % slots) * row_samples;
+    if ((*made)[y % slots] != long{y}) {
+      resize(source.Row(y), slot);
+      (*made)[y % slots] = y;
+    }
+    return slot;
+  };
+}
+
+template <typename Sample>
 void Filter(FIBITMAP* dib, const ResizePlan& plan, FIBITMAP* target) {
   std::vector<std::uint8_t> unpacked;
   Plane<const Sample> source;
@@ -46,21 +84,21 @@ void Filter(FIBITMAP* dib, const ResizePlan& plan, FIBITMAP* target) {
     source = ReadOnly(BitmapPlane<Sample>(dib, plan.channels));
   }
   const Plane<Sample> result = BitmapPlane<Sample>(target, plan.channels);
-  const bool rows_first = result.width <= source.width;
-  const bool rows = result.width != source.width, columns = result.height != source.height;
-  std::unique_ptr<Sample[]> between;
-  Plane<Sample> middle = result;
-  if (rows && columns) {
-    middle = rows_first ? BufferPlane(between, result.width, source.height, plan.channels)
-                        : BufferPlane(between, source.width, result.height, plan.channels);
-  }
-  Rounding plain;
-  if (rows_first) {
-    if (rows) resample::ResizeRows(source, middle, plan.first_rows);
-    if (columns) resample::ResizeColumns(rows ? ReadOnly(middle) : source, result, rows ? plain : plan.first_columns);
+  // The rounding of whichever pass reads the source; the second pass reads stored samples.
+  const Rounding& rows = plan.first_rows;
+  const Rounding& columns = plan.first_columns;
+  const Rounding plain;
+  if (result.height == source.height) {
+    ResizeEveryRow(source, result, rows);
+  } else if (result.width == source.width) {
+    resample::ResizeColumns(RowsOf(source), source.height, result, columns);
+  } else if (result.width < source.width) {
+    resample::ResizeColumns(RowsMadeOnDemand(source, result.width, result.height, rows), source.height, result, plain);
   } else {
-    if (columns) resample::ResizeColumns(source, middle, plan.first_columns);
-    if (rows) resample::ResizeRows(columns ? ReadOnly(middle) : source, result, columns ? plain : plan.first_rows);
+    std::unique_ptr<Sample[]> storage;
+    const Plane<Sample> middle = BufferPlane(storage, source.width, result.height, plan.channels);
+    resample::ResizeColumns(RowsOf(source), source.height, middle, columns);
+    ResizeEveryRow(ReadOnly(middle), result, plain);
   }
 }
 

@@ -1,8 +1,9 @@
-// The horizontal pass: each output pixel of a row is the weighted sum of a run of source pixels,
+// The horizontal pass, a row at a time: each output pixel is the weighted sum of a run of source pixels,
 // every channel summed separately from the left of the run. Each source row is widened to doubles
 // once, since every source pixel feeds several output pixels, and the sums are stored a stretch
 // at a time while they are still in cache.
 #include <algorithm>
+#include <memory>
 #include <type_traits>
 #include <vector>
 
@@ -61,47 +62,59 @@ VELMORA_RESAMPLE_KERNEL void SumStretchPadded(const AxisWeights& weights, const 
 }
 
 template <unsigned Channels, unsigned Taps, typename Sample>
-void SumRows(const Plane<const Sample>& source, const Plane<Sample>& target, const Rounding& rounding,
-             const AxisWeights& weights) {
-  const std::vector<double> padded_taps = Taps ? PaddedTaps(weights, Taps) : std::vector<double>();
-  // Zeros after the row for the padded taps to read.
-  std::vector<double> row(source.RowSamples() + Taps * Channels);
-  std::vector<double> sums(kStretch * Channels);
-  for (unsigned y = 0; y < target.height; ++y) {
-    Widen(source.Row(y), source.RowSamples(), row.data());
-    for (unsigned begin = 0; begin < target.width; begin += kStretch) {
-      const unsigned end = std::min(target.width, begin + kStretch);
+RowResize<Sample> MakeRowResize(AxisWeights weights, unsigned source_width, const Rounding& rounding) {
+  struct Work {
+    AxisWeights weights;
+    std::vector<double> padded_taps, row, sums;
+    Rounding rounding;
+  };
+  auto work = std::make_shared<Work>();
+  work->padded_taps = Taps ? PaddedTaps(weights, Taps) : std::vector<double>();
+  work->weights = std::move(weights);
+  work->row.resize((std::size_t{source_width} + Taps) * Channels);  // zeros after the row for padded taps
+  work->sums.resize(kStretch * Channels);
+  work->rounding = rounding;
+  return [work, source_samples = std::size_t{source_width} * Channels](const Sample* source, Sample* target) {
+    const unsigned width = unsigned(work->weights.first.size());
+    Widen(source, source_samples, work->row.data());
+    for (unsigned begin = 0; begin < width; begin += kStretch) {
+      const unsigned end = std::min(width, begin + kStretch);
       if constexpr (Taps == 0) {
-        SumStretch<Channels>(weights, begin, end, row.data(), sums.data());
+        SumStretch<Channels>(work->weights, begin, end, work->row.data(), work->sums.data());
       } else {
-        SumStretchPadded<Channels, Taps>(weights, padded_taps.data(), begin, end, row.data(), sums.data());
+        SumStretchPadded<Channels, Taps>(work->weights, work->padded_taps.data(), begin, end, work->row.data(),
+                                         work->sums.data());
       }
-      StoreRow(sums.data(), std::size_t{end - begin} * Channels, Channels, rounding,
-               target.Row(y) + std::size_t{begin} * Channels);
+      StoreRow(work->sums.data(), std::size_t{end - begin} * Channels, Channels, work->rounding,
+               target + std::size_t{begin} * Channels);
     }
-  }
+  };
 }
 
 template <unsigned Channels, typename Sample>
-void SumRows(const Plane<const Sample>& source, const Plane<Sample>& target, const Rounding& rounding) {
-  const AxisWeights weights = BilinearWeights(target.width, source.width);
-  WithPaddedLength(PaddedLength(weights, std::is_floating_point_v<Sample>),
-                   [&](auto taps) { SumRows<Channels, decltype(taps)::value>(source, target, rounding, weights); });
+RowResize<Sample> MakeRowResize(unsigned source_width, unsigned target_width, const Rounding& rounding) {
+  AxisWeights weights = BilinearWeights(target_width, source_width);
+  RowResize<Sample> resize;
+  WithPaddedLength(PaddedLength(weights, std::is_floating_point_v<Sample>), [&](auto taps) {
+    resize = MakeRowResize<Channels, decltype(taps)::value, Sample>(std::move(weights), source_width, rounding);
+  });
+  return resize;
 }
 
 }  // namespace
 
 template <typename Sample>
-void ResizeRows(const Plane<const Sample>& source, const Plane<Sample>& target, const Rounding& rounding) {
-  switch (source.channels) {
-    case 1: return SumRows<1>(source, target, rounding);
-    case 3: return SumRows<3>(source, target, rounding);
-    default: return SumRows<4>(source, target, rounding);
+RowResize<Sample> MakeRowResize(unsigned source_width, unsigned target_width, unsigned channels,
+                                const Rounding& rounding) {
+  switch (channels) {
+    case 1: return MakeRowResize<1, Sample>(source_width, target_width, rounding);
+    case 3: return MakeRowResize<3, Sample>(source_width, target_width, rounding);
+    default: return MakeRowResize<4, Sample>(source_width, target_width, rounding);
   }
 }
 
-template void ResizeRows(const Plane<const std::uint8_t>&, const Plane<std::uint8_t>&, const Rounding&);
-template void ResizeRows(const Plane<const std::uint16_t>&, const Plane<std::uint16_t>&, const Rounding&);
-template void ResizeRows(const Plane<const float>&, const Plane<float>&, const Rounding&);
+template RowResize<std::uint8_t> MakeRowResize(unsigned, unsigned, unsigned, const Rounding&);
+template RowResize<std::uint16_t> MakeRowResize(unsigned, unsigned, unsigned, const Rounding&);
+template RowResize<float> MakeRowResize(unsigned, unsigned, unsigned, const Rounding&);
 
 }  // namespace velmora::imaging::resample

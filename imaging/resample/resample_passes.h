@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 
 // The innermost loops are built twice, for AVX2 and for the plain x86-64 baseline, and the
 // processor picks at load time. AVX2 brings wider double lanes but no fused multiply-adds, which
@@ -37,11 +38,22 @@ struct Rounding {
   std::array<double, 4> divisor{1, 1, 1, 1};
 };
 
+// Resizes one row of the source width into one of the target width.
 template <typename Sample>
-void ResizeRows(const Plane<const Sample>& source, const Plane<Sample>& target, const Rounding& rounding);
+using RowResize = std::function<void(const Sample* source, Sample* target)>;
 
 template <typename Sample>
-void ResizeColumns(const Plane<const Sample>& source, const Plane<Sample>& target, const Rounding& rounding);
+RowResize<Sample> MakeRowResize(unsigned source_width, unsigned target_width, unsigned channels,
+                                const Rounding& rounding);
+
+// The source row of a given index, read from a plane or made when first asked for. The rows of one
+// output row's run are asked for together and must stay valid until the next output row.
+template <typename Sample>
+using SourceRow = std::function<const Sample*(unsigned y)>;
+
+template <typename Sample>
+void ResizeColumns(const SourceRow<Sample>& source, unsigned source_height, const Plane<Sample>& target,
+                   const Rounding& rounding);
 
 // Stores the sums of one row, `channels` to a pixel.
 template <typename Sample>

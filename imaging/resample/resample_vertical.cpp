@@ -2,7 +2,6 @@
 // from the top of the run, which keeps FreeImage's order of additions per sample while reading
 // memory in its own order. Long rows go in strips whose sums stay in cache.
 #include <algorithm>
-#include <array>
 #include <type_traits>
 #include <vector>
 
@@ -33,24 +32,22 @@ VELMORA_RESAMPLE_KERNEL void SumRun(const double* taps, const Sample* const* row
 }
 
 template <unsigned Taps, typename Sample>
-void SumColumns(const Plane<const Sample>& source, const Plane<Sample>& target, const Rounding& rounding,
+void SumColumns(const SourceRow<Sample>& source, const Plane<Sample>& target, const Rounding& rounding,
                 const AxisWeights& weights) {
   const std::vector<double> padded_taps = Taps ? PaddedTaps(weights, Taps) : std::vector<double>();
   const std::size_t row_samples = target.RowSamples();
   std::vector<double> sums(std::min(row_samples, kStripSamples));
-  std::array<const Sample*, std::max(Taps, 1u)> rows{};  // padding rows repeat the first
+  std::vector<const Sample*> rows;
   for (unsigned y = 0; y < target.height; ++y) {
     const double* taps = weights.Of(y);
-    if constexpr (Taps > 0) {
-      rows.fill(source.Row(weights.first[y]));
-      for (unsigned i = 0; i < weights.count[y]; ++i) rows[i] = source.Row(weights.first[y] + i);
-    }
+    rows.clear();
+    for (unsigned i = 0; i < weights.count[y]; ++i) rows.push_back(source(weights.first[y] + i));
+    rows.resize(std::max<std::size_t>(Taps, rows.size()), rows.front());  // padding repeats the first row
     for (std::size_t start = 0; start < row_samples; start += sums.size()) {
       const std::size_t count = std::min(sums.size(), row_samples - start);
       if constexpr (Taps == 0) {
         std::fill_n(sums.begin(), count, 0.0);
-        for (unsigned i = 0; i < weights.count[y]; ++i)
-          AddWeightedRow(taps[i], source.Row(weights.first[y] + i) + start, count, sums.data());
+        for (unsigned i = 0; i < weights.count[y]; ++i) AddWeightedRow(taps[i], rows[i] + start, count, sums.data());
       } else {
         SumRun<Taps>(padded_taps.data() + std::size_t{y} * Taps, rows.data(), start, count, sums.data());
       }
@@ -62,14 +59,15 @@ void SumColumns(const Plane<const Sample>& source, const Plane<Sample>& target, 
 }  // namespace
 
 template <typename Sample>
-void ResizeColumns(const Plane<const Sample>& source, const Plane<Sample>& target, const Rounding& rounding) {
-  const AxisWeights weights = BilinearWeights(target.height, source.height);
+void ResizeColumns(const SourceRow<Sample>& source, unsigned source_height, const Plane<Sample>& target,
+                   const Rounding& rounding) {
+  const AxisWeights weights = BilinearWeights(target.height, source_height);
   WithPaddedLength(PaddedLength(weights, std::is_floating_point_v<Sample>),
                    [&](auto taps) { SumColumns<decltype(taps)::value>(source, target, rounding, weights); });
 }
 
-template void ResizeColumns(const Plane<const std::uint8_t>&, const Plane<std::uint8_t>&, const Rounding&);
-template void ResizeColumns(const Plane<const std::uint16_t>&, const Plane<std::uint16_t>&, const Rounding&);
-template void ResizeColumns(const Plane<const float>&, const Plane<float>&, const Rounding&);
+template void ResizeColumns(const SourceRow<std::uint8_t>&, unsigned, const Plane<std::uint8_t>&, const Rounding&);
+template void ResizeColumns(const SourceRow<std::uint16_t>&, unsigned, const Plane<std::uint16_t>&, const Rounding&);
+template void ResizeColumns(const SourceRow<float>&, unsigned, const Plane<float>&, const Rounding&);
 
 }  // namespace velmora::imaging::resample
