@@ -1,6 +1,7 @@
-// The two passes of a separable resize over planes of interleaved samples (bytes, 16-bit words or
-// floats): horizontal rows, then vertical columns, or the other way round. Sums run in double in
-// the order FreeImage uses and are rounded the way it rounds, so the outputs match its bytes.
+// The two passes of a separable resize over rows of interleaved samples (bytes, 16-bit words or
+// floats): a row at a time across, and output row by output row down. Sums run in double in the
+// order FreeImage uses and are rounded the way it rounds, so the outputs match its bytes. Each pass
+// has a plain loop for runs of any length and an unrolled one for short padded runs.
 #pragma once
 
 #include <array>

@@ -10,7 +10,7 @@ namespace velmora::imaging::resample {
 
 struct AxisWeights {
   std::vector<unsigned> first;   // first source index read by each output index
-  std::vector<unsigned> count;   // how many source indices it reads
+  std::vector<unsigned> count;   // how many source indices it reads, at least one
   std::vector<unsigned> offset;  // where its weights start in `values`
   std::vector<double> values;
 
