@@ -1,10 +1,14 @@
 // ImagingLibrary's transforms: rescaling, rotation, flips and the tone adjustments, all on the
 // page behind an in/out handle.
+#include <cstdlib>
+#include <string_view>
+
 #include "imaging/exif_block.h"
 #include "imaging/image_files.h"
 #include "imaging/imaging_library.h"
 #include "imaging/library_state.h"
 #include "imaging/nearest_rescale.h"
+#include "imaging/resample/resample.h"
 #include "imaging/rotation.h"
 
 namespace velmora::imaging {
@@ -14,6 +18,16 @@ constexpr std::int32_t kFilterBilinear = 1;
 constexpr std::int32_t kFilterNearest = 2;
 constexpr std::int32_t kFlipLeftRight = 1;
 constexpr std::int32_t kFlipTopBottom = 2;
+
+// VELMORA_FREEIMAGE_RESCALE=1 hands bilinear resizes back to FreeImage's own code, for the tests
+// and benchmarks that compare the two; it is read once.
+bool UseFreeImageRescale() {
+  static const bool chosen = [] {
+    const char* value = std::getenv("VELMORA_FREEIMAGE_RESCALE");
+    return value && std::string_view(value) == "1";
+  }();
+  return chosen;
+}
 
 // Runs an operation that changes the page in place; FreeImage leaves the page as it was when it
 // refuses (a depth it does not take).
@@ -44,7 +58,8 @@ void ImagingLibrary::FreeImage_Rescale(Handle& image, std::int32_t width, std::i
   }
   ReplaceWithNew(state_->images, image, result, [&](FIBITMAP* dib) {
     if (filter == kFilterNearest) return RescaleNearest(dib, width, height);
-    return Bitmap(::FreeImage_Rescale(dib, width, height, FILTER_BILINEAR));
+    if (UseFreeImageRescale()) return Bitmap(::FreeImage_Rescale(dib, width, height, FILTER_BILINEAR));
+    return RescaleBilinear(dib, static_cast<unsigned>(width), static_cast<unsigned>(height));
   });
 }
 

@@ -183,6 +183,28 @@ TEST_F(Batch, RefusesABadRunUpFrontAndConvertsAGoodOneInScanOrder) {
   EXPECT_TRUE(ReadFolderFiles(home_.path()).empty());  // no settings.ini, no default.profile
 }
 
+// The bench jobs that resize write the same bytes whether our bilinear resize does the work or, with
+// VELMORA_FREEIMAGE_RESCALE=1, FreeImage's own: photos, palette pages, 16-bit and see-through ones.
+TEST_F(Batch, BenchResizeJobsWriteTheSameBytesWithFreeImagesOwnResize) {
+  fs::create_directory(Work("src"));
+  ASSERT_TRUE(samples::WritePhotoJpeg(Work("src/photo.jpg"), 333, 217));
+  ASSERT_TRUE(samples::WritePaletteBmp(Work("src/palette.bmp"), 45, 31));
+  ASSERT_TRUE(samples::WriteAlphaPng(Work("src/badge.png"), 41, 29));
+  ASSERT_TRUE(samples::WriteDeepPng(Work("src/deep.png"), 37, 23));
+  for (const std::string job : {"resize-jpeg", "watermark-jpeg"}) {
+    for (const bool freeimage : {false, true}) {
+      freeimage ? ::setenv("VELMORA_FREEIMAGE_RESCALE", "1", 1) : ::unsetenv("VELMORA_FREEIMAGE_RESCALE");
+      EXPECT_EQ(Run({"-q", "--profile", VELMORA_SOURCE_DIR "/bench/jobs/" + job + ".profile", "--output-folder",
+                     (freeimage ? "freeimage-" : "ours-") + job, "src"}),
+                (Result{0, "", ""}));
+    }
+    ::unsetenv("VELMORA_FREEIMAGE_RESCALE");
+    const auto ours = ReadFolderFiles(Work("ours-" + job));
+    EXPECT_EQ(ours.size(), 4u) << job;
+    EXPECT_TRUE(ours == ReadFolderFiles(Work("freeimage-" + job))) << job;
+  }
+}
+
 // Without --profile the job is the window's last profile, else "default.profile", else a new profile's settings;
 // whichever it is, the batch writes no profile and no settings.ini. The data folder gains those files step by step.
 TEST_F(Batch, ReadsTheStartProfileAndWritesNoProfile) {
