@@ -110,9 +110,10 @@ void UnpackRow(FIBITMAP* source, const ResizePlan& plan, const BYTE* bits, std::
     return;
   }
   for (unsigned x = 0; x < width; ++x, out += channels) {
-    unsigned index = bits[x];
-    if (bpp == 1) index = (bits[x >> 3] >> (7 - (x & 7))) & 1u;
-    if (bpp == 4) index = (x & 1) ? bits[x >> 1] & 0x0Fu : bits[x >> 1] >> 4;
+    // A packed row is shorter than its width in bytes: only 8-bit pages are read at x.
+    const unsigned index = bpp == 1   ? (bits[x >> 3] >> (7 - (x & 7))) & 1u
+                           : bpp == 4 ? ((x & 1) ? bits[x >> 1] & 0x0Fu : bits[x >> 1] >> 4)
+                                      : bits[x];
     std::memcpy(out, plan.index_colours[index].data(), channels);
   }
 }
