@@ -88,7 +88,13 @@ void ConvertDepth(ImagingLibrary& lib, Handle& page, const OutputChoices& output
   if (!DepthFor(output, depth)) return;
   CallResult result = 0;
   switch (depth) {
-    case Depth::k32: lib.FreeImage_ConvertTo32Bits(page, page, result); break;
+    case Depth::k32:
+      // The JPEG encoder takes 24 bits and would drop the alpha channel again on a copy.
+      if (output.OutputFormat == kJpeg)
+        lib.FreeImage_ConvertTo24Bits(page, page, result);
+      else
+        lib.FreeImage_ConvertTo32Bits(page, page, result);
+      break;
     case Depth::k24: lib.FreeImage_ConvertTo24Bits(page, page, result); break;
     case Depth::k16_555: lib.ConvertTo16Bits(page, page, false, result); break;
     case Depth::k16_565: lib.ConvertTo16Bits(page, page, true, result); break;
