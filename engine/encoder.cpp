@@ -66,6 +66,18 @@ std::int32_t QualityFlags(const OutputChoices& output) {
   return output.Quality == 0 ? 1 : output.Quality;
 }
 
+// A JPEG at "32 bits" is written from 24 bits, which the encoder would make from a 32-bit page on a
+// copy. A 24-bit page is already what that gives, less the colour profile the conversion drops.
+void To24BitsForJpeg(ImagingLibrary& lib, Handle& page) {
+  std::uint32_t bpp = 0;
+  lib.FreeImage_GetBPP(page, bpp);
+  CallResult result = 0;
+  if (bpp == 24)
+    lib.DropColourProfile(page, result);
+  else
+    lib.FreeImage_ConvertTo24Bits(page, page, result);
+}
+
 }  // namespace
 
 OutputTarget OutputTargetFor(std::int16_t output_format) {
@@ -89,9 +101,8 @@ void ConvertDepth(ImagingLibrary& lib, Handle& page, const OutputChoices& output
   CallResult result = 0;
   switch (depth) {
     case Depth::k32:
-      // The JPEG encoder takes 24 bits and would drop the alpha channel again on a copy.
       if (output.OutputFormat == kJpeg)
-        lib.FreeImage_ConvertTo24Bits(page, page, result);
+        To24BitsForJpeg(lib, page);
       else
         lib.FreeImage_ConvertTo32Bits(page, page, result);
       break;

@@ -111,6 +111,14 @@ void ImagingLibrary::CopyColourProfile(Handle source, Handle destination, CallRe
   });
 }
 
+void ImagingLibrary::DropColourProfile(Handle image, CallResult& result) {
+  Report(result, [&] {
+    FIBITMAP* dib = state_->images.Find(image);
+    if (dib) FreeImage_DestroyICCProfile(dib);
+    return dib != nullptr;
+  });
+}
+
 void ImagingLibrary::MakeDisplayPicture(Handle image, DisplayPicture& picture, CallResult& result) {
   Report(result, [&] {
     FIBITMAP* dib = state_->images.Find(image);

@@ -18,6 +18,9 @@ constexpr int kDeflateLevel = 6;
 // Rows that deflate to more than this share of their size are mostly noise, where zlib's
 // run-length strategy, which looks for no matches but repeated bytes, does better and fast.
 constexpr double kNoisyShare = 0.4;
+// Rows up to this size are also deflated as FreeImage's writer does (zlib, filtered strategy) and
+// the smaller stream kept: cheap for them, and libdeflate is not smaller on every pattern.
+constexpr std::size_t kAlwaysCompareSize = std::size_t{4} << 20;
 
 enum Filter : std::uint8_t { kNone = 0, kSub = 1, kPaeth = 4 };
 
@@ -115,12 +118,13 @@ std::unique_ptr<std::uint8_t[]> FilteredRows(FIBITMAP* dib, unsigned channels, s
   return filtered;
 }
 
-// Deflates `input` into `output` (room for `capacity` bytes) with zlib's run-length strategy;
+// Deflates `input` into `output` (room for `capacity` bytes) with zlib at level 6 and `strategy`;
 // 0 when it does not fit.
-std::size_t DeflateRuns(const std::uint8_t* input, std::size_t size, std::uint8_t* output, std::size_t capacity) {
+std::size_t DeflateWithZlib(const std::uint8_t* input, std::size_t size, int strategy, std::uint8_t* output,
+                            std::size_t capacity) {
   if (size > UINT32_MAX || capacity > UINT32_MAX) return 0;
   z_stream stream{};
-  if (deflateInit2(&stream, 6, Z_DEFLATED, 15, 8, Z_RLE) != Z_OK) return 0;
+  if (deflateInit2(&stream, 6, Z_DEFLATED, 15, 8, strategy) != Z_OK) return 0;
   stream.next_in = const_cast<std::uint8_t*>(input);
   stream.avail_in = static_cast<uInt>(size);
   stream.next_out = output;
@@ -132,18 +136,21 @@ std::size_t DeflateRuns(const std::uint8_t* input, std::size_t size, std::uint8_
 }
 
 // Deflates the filtered rows into `output` (room for `capacity` bytes) as a zlib stream; the
-// smaller of two ways for noisy rows. 0 on failure.
+// smaller of two ways for small or noisy rows. 0 on failure.
 std::size_t Compress(const std::uint8_t* filtered, std::size_t size, std::uint8_t* output, std::size_t capacity) {
   libdeflate_compressor* compressor = libdeflate_alloc_compressor(kDeflateLevel);
   if (!compressor) return 0;
   const std::size_t compressed = libdeflate_zlib_compress(compressor, filtered, size, output, capacity);
   libdeflate_free_compressor(compressor);
-  if (compressed == 0 || static_cast<double>(compressed) <= kNoisyShare * static_cast<double>(size)) return compressed;
-  std::vector<std::uint8_t> runs(compressed);
-  const std::size_t run_size = DeflateRuns(filtered, size, runs.data(), runs.size());
-  if (run_size == 0 || run_size >= compressed) return compressed;
-  std::memcpy(output, runs.data(), run_size);
-  return run_size;
+  if (compressed == 0) return 0;
+  const bool small = size <= kAlwaysCompareSize;
+  if (!small && static_cast<double>(compressed) <= kNoisyShare * static_cast<double>(size)) return compressed;
+  const int strategy = small ? Z_FILTERED : Z_RLE;
+  std::vector<std::uint8_t> second(compressed);
+  const std::size_t second_size = DeflateWithZlib(filtered, size, strategy, second.data(), second.size());
+  if (second_size == 0 || second_size >= compressed) return compressed;
+  std::memcpy(output, second.data(), second_size);
+  return second_size;
 }
 
 // The tIME chunk's data from the page's Exif date ("2024:05:01 12:30:00"), as FreeImage's writer

@@ -1,0 +1,60 @@
+// PNG pages written with flags 0 by our own writer: every pixel, the depth and the resolution as
+// FreeImage's writer gives them, in no more bytes.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "imaging/encoded_image.h"
+#include "tests/imaging/pages.h"
+
+namespace velmora::testing {
+namespace {
+
+Page Decode(std::vector<BYTE>& bytes) {
+  FIMEMORY* memory = FreeImage_OpenMemory(bytes.data(), static_cast<DWORD>(bytes.size()));
+  Page page(FreeImage_LoadFromMemory(FIF_PNG, memory, 0));
+  FreeImage_CloseMemory(memory);
+  return page;
+}
+
+std::vector<BYTE> FreeImageWriterBytes(FIBITMAP* dib) {
+  FIMEMORY* memory = FreeImage_OpenMemory();
+  FreeImage_SaveToMemory(FIF_PNG, dib, memory, 0);
+  BYTE* data = nullptr;
+  DWORD size = 0;
+  FreeImage_AcquireMemory(memory, &data, &size);
+  std::vector<BYTE> bytes(data, data + size);
+  FreeImage_CloseMemory(memory);
+  return bytes;
+}
+
+TEST(PlainPng, SamePixelsDepthAndResolutionAsFreeImagesWriterInNoMoreBytes) {
+  const auto smooth = [](int x, int y) { return Rgba{(x * x / 7 + y) % 256, (x ^ y) % 256, (x * y / 5) % 256, 255}; };
+  const auto noise = [](int, int) { return Rgba{std::rand() % 256, std::rand() % 256, std::rand() % 256, 255}; };
+  const auto alpha = [](int x, int y) { return Rgba{x % 256, 40, y % 256, (x * y) % 256}; };
+  for (const auto& [width, height, bpp, colour] : {std::tuple{300, 200, 24, std::function<Rgba(int, int)>(smooth)},
+                                                   {300, 200, 32, smooth},
+                                                   {257, 130, 24, noise},
+                                                   {120, 90, 32, alpha},
+                                                   {1, 1, 32, alpha}}) {
+    SCOPED_TRACE(::testing::Message() << width << "x" << height << " at " << bpp);
+    Page page = MakePage(width, height, bpp, colour);
+    FreeImage_SetDotsPerMeterX(page.get(), 2835);
+    FreeImage_SetDotsPerMeterY(page.get(), 3780);
+    std::vector<BYTE> ours;
+    ASSERT_TRUE(imaging::EncodeToMemory(page.get(), imaging::kFormatPng, 0, ours));
+    std::vector<BYTE> theirs = FreeImageWriterBytes(page.get());
+    EXPECT_LE(ours.size(), theirs.size());
+    EXPECT_NE(ours, theirs);  // written by our writer, not FreeImage's
+    const Page back = Decode(ours), expected = Decode(theirs);
+    ASSERT_TRUE(back && expected);
+    EXPECT_EQ(FreeImage_GetBPP(back.get()), FreeImage_GetBPP(expected.get()));
+    EXPECT_EQ(FreeImage_GetDotsPerMeterX(back.get()), 2835u);
+    EXPECT_EQ(FreeImage_GetDotsPerMeterY(back.get()), 3780u);
+    for (int y = 0; y < height; ++y)
+      for (int x = 0; x < width; ++x) ASSERT_EQ(PixelAt(back.get(), x, y), PixelAt(expected.get(), x, y));
+  }
+}
+
+}  // namespace
+}  // namespace velmora::testing
