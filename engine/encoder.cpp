@@ -66,16 +66,20 @@ std::int32_t QualityFlags(const OutputChoices& output) {
   return output.Quality == 0 ? 1 : output.Quality;
 }
 
-// A JPEG at "32 bits" is written from 24 bits, which the encoder would make from a 32-bit page on a
-// copy. A 24-bit page is already what that gives, less the colour profile the conversion drops.
-void To24BitsForJpeg(ImagingLibrary& lib, Handle& page) {
+// "32 bits" for JPEG and PNG: the JPEG encoder takes 24 bits, which it would make from a 32-bit
+// page on a copy, and the PNG encoder writes a page whose alpha is opaque throughout as 24-bit
+// RGB. A 24-bit page is therefore written as its 32-bit conversion would be once it loses the
+// colour profile that the conversion drops.
+void To32BitsAsWritten(ImagingLibrary& lib, Handle& page, std::int16_t format) {
   std::uint32_t bpp = 0;
   lib.FreeImage_GetBPP(page, bpp);
   CallResult result = 0;
-  if (bpp == 24)
+  if (bpp == 24 && (format == kJpeg || format == kPng))
     lib.DropColourProfile(page, result);
-  else
+  else if (format == kJpeg)
     lib.FreeImage_ConvertTo24Bits(page, page, result);
+  else
+    lib.FreeImage_ConvertTo32Bits(page, page, result);
 }
 
 }  // namespace
@@ -100,12 +104,7 @@ void ConvertDepth(ImagingLibrary& lib, Handle& page, const OutputChoices& output
   if (!DepthFor(output, depth)) return;
   CallResult result = 0;
   switch (depth) {
-    case Depth::k32:
-      if (output.OutputFormat == kJpeg)
-        To24BitsForJpeg(lib, page);
-      else
-        lib.FreeImage_ConvertTo32Bits(page, page, result);
-      break;
+    case Depth::k32: To32BitsAsWritten(lib, page, output.OutputFormat); break;
     case Depth::k24: lib.FreeImage_ConvertTo24Bits(page, page, result); break;
     case Depth::k16_555: lib.ConvertTo16Bits(page, page, false, result); break;
     case Depth::k16_565: lib.ConvertTo16Bits(page, page, true, result); break;
