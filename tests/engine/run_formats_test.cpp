@@ -4,6 +4,7 @@
 
 #include "engine/encoder.h"
 #include "engine/number_text.h"
+#include "engine/source_work.h"
 #include "scripts/sample_images.h"
 #include "tests/engine/run_fixture.h"
 
@@ -37,6 +38,40 @@ TEST(SaveFlags, ExrAndGifAlwaysZeroOthersUntouched) {
   EXPECT_EQ(Flags(77, 6, 0, 2), 0);  // "PIZ" chosen, flags 0 all the same
   EXPECT_EQ(Flags(77, 2), 0);
   for (const std::int16_t format : {0, 3, 4}) EXPECT_EQ(Flags(77, format), 77) << format;
+}
+
+// "32 bits" for JPEG and PNG leaves a 24-bit page unconverted, yet writes the bytes of its 32-bit
+// conversion, which drops the page's colour profile.
+TEST(ConvertDepth, ThirtyTwoBitsForJpegAndPngWriteWhatTheConversionWrites) {
+  testing::TempFolder dir;
+  const std::string photo = dir.file("photo.jpg"), profiled = dir.file("profiled.jpg"), alpha = dir.file("a.png");
+  ASSERT_TRUE(samples::WritePhotoJpeg(photo, 64, 48) && samples::WriteAlphaPng(alpha, 40, 30));
+  const std::string icc = testing::ReadWholeFile("/usr/share/color/icc/sRGB.icc");
+  FIBITMAP* dib = FreeImage_Load(FIF_JPEG, photo.c_str(), 0);
+  FreeImage_CreateICCProfile(dib, const_cast<char*>(icc.data()), long(icc.size()));
+  ASSERT_TRUE(FreeImage_Save(FIF_JPEG, dib, profiled.c_str(), 90));
+  FreeImage_Unload(dib);
+  imaging::ImagingLibrary lib;
+  imaging::CallResult result = 0;
+  for (const std::string& path : {photo, profiled, alpha}) {
+    for (const std::int16_t format : {1, 3}) {
+      SCOPED_TRACE(path + " as " + OutputTargetFor(format).OutputExtension);
+      OutputChoices output;
+      output.OutputFormat = format;
+      imaging::Handle page = 0, converted = 0;
+      LoadSinglePage(lib, path, page);
+      LoadSinglePage(lib, path, converted);
+      ConvertDepth(lib, page, output);
+      lib.FreeImage_ConvertTo32Bits(converted, converted, result);
+      imaging::EncodedImage ours, theirs;
+      lib.EncodeImage(page, OutputTargetFor(format).OutputFormatNumber, 0, ours, result);
+      lib.EncodeImage(converted, OutputTargetFor(format).OutputFormatNumber, 0, theirs, result);
+      EXPECT_FALSE(ours.bytes.empty());
+      EXPECT_EQ(ours.bytes, theirs.bytes);
+      lib.Release(page);
+      lib.Release(converted);
+    }
+  }
 }
 
 struct FormatCase {
