@@ -53,25 +53,21 @@ TEST(ConvertDepth, ThirtyTwoBitsForJpegAndPngWriteWhatTheConversionWrites) {
   FreeImage_Unload(dib);
   imaging::ImagingLibrary lib;
   imaging::CallResult result = 0;
-  for (const std::string& path : {photo, profiled, alpha}) {
+  for (const std::string& path : {photo, profiled, alpha})
     for (const std::int16_t format : {1, 3}) {
       SCOPED_TRACE(path + " as " + OutputTargetFor(format).OutputExtension);
       OutputChoices output;
       output.OutputFormat = format;
       imaging::Handle page = 0, converted = 0;
-      LoadSinglePage(lib, path, page);
-      LoadSinglePage(lib, path, converted);
+      LoadSinglePage(lib, path, page), LoadSinglePage(lib, path, converted);
       ConvertDepth(lib, page, output);
       lib.FreeImage_ConvertTo32Bits(converted, converted, result);
       imaging::EncodedImage ours, theirs;
-      lib.EncodeImage(page, OutputTargetFor(format).OutputFormatNumber, 0, ours, result);
-      lib.EncodeImage(converted, OutputTargetFor(format).OutputFormatNumber, 0, theirs, result);
+      const int fif = OutputTargetFor(format).OutputFormatNumber;
+      lib.EncodeImage(page, fif, 0, ours, result), lib.EncodeImage(converted, fif, 0, theirs, result);
       EXPECT_FALSE(ours.bytes.empty());
       EXPECT_EQ(ours.bytes, theirs.bytes);
-      lib.Release(page);
-      lib.Release(converted);
     }
-  }
 }
 
 struct FormatCase {
