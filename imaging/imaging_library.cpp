@@ -111,11 +111,13 @@ void ImagingLibrary::CopyColourProfile(Handle source, Handle destination, CallRe
   });
 }
 
-void ImagingLibrary::DropColourProfile(Handle image, CallResult& result) {
+void ImagingLibrary::DropProfileAndBackground(Handle image, CallResult& result) {
   Report(result, [&] {
     FIBITMAP* dib = state_->images.Find(image);
-    if (dib) FreeImage_DestroyICCProfile(dib);
-    return dib != nullptr;
+    if (!dib) return false;
+    FreeImage_DestroyICCProfile(dib);
+    FreeImage_SetBackgroundColor(dib, nullptr);
+    return true;
   });
 }
 

@@ -41,15 +41,17 @@ TEST(SaveFlags, ExrAndGifAlwaysZeroOthersUntouched) {
 }
 
 // "32 bits" for JPEG and PNG leaves a 24-bit page unconverted, yet writes the bytes of its 32-bit
-// conversion, which drops the page's colour profile.
+// conversion, which drops the page's colour profile and background colour.
 TEST(ConvertDepth, ThirtyTwoBitsForJpegAndPngWriteWhatTheConversionWrites) {
   testing::TempFolder dir;
-  const std::string photo = dir.file("photo.jpg"), profiled = dir.file("profiled.jpg"), alpha = dir.file("a.png");
+  const std::string photo = dir.file("photo.jpg"), profiled = dir.file("profiled.png"), alpha = dir.file("a.png");
   ASSERT_TRUE(samples::WritePhotoJpeg(photo, 64, 48) && samples::WriteAlphaPng(alpha, 40, 30));
   const std::string icc = testing::ReadWholeFile("/usr/share/color/icc/sRGB.icc");
   FIBITMAP* dib = FreeImage_Load(FIF_JPEG, photo.c_str(), 0);
   FreeImage_CreateICCProfile(dib, const_cast<char*>(icc.data()), long(icc.size()));
-  ASSERT_TRUE(FreeImage_Save(FIF_JPEG, dib, profiled.c_str(), 90));
+  RGBQUAD background{10, 20, 30, 0};
+  FreeImage_SetBackgroundColor(dib, &background);
+  ASSERT_TRUE(FreeImage_Save(FIF_PNG, dib, profiled.c_str(), 0));
   FreeImage_Unload(dib);
   imaging::ImagingLibrary lib;
   imaging::CallResult result = 0;
