@@ -177,8 +177,11 @@ bool ModificationTime(FIBITMAP* dib, std::uint8_t (&time)[7]) {
 
 bool EncodePlainPng(FIBITMAP* dib, std::vector<std::uint8_t>& bytes) {
   if (!dib || !IsPlainTrueColour(dib)) return false;
-  // FreeImage calls a 32-bit page whose alpha is 255 throughout RGB, and writes it without alpha.
-  const unsigned channels = FreeImage_GetColorType(dib) == FIC_RGBALPHA ? 4 : 3;
+  // FreeImage calls a 32-bit page whose alpha is 255 throughout RGB, and writes it without alpha;
+  // a page marked CMYK it does not write.
+  const FREE_IMAGE_COLOR_TYPE colour_type = FreeImage_GetColorType(dib);
+  if (colour_type != FIC_RGB && colour_type != FIC_RGBALPHA) return false;
+  const unsigned channels = colour_type == FIC_RGBALPHA ? 4 : 3;
   std::size_t size = 0;
   const std::unique_ptr<std::uint8_t[]> filtered = FilteredRows(dib, channels, size);
 
@@ -202,7 +205,7 @@ bool EncodePlainPng(FIBITMAP* dib, std::vector<std::uint8_t>& bytes) {
   std::uint8_t time[7];
   if (ModificationTime(dib, time)) AppendChunk(out, "tIME", time, sizeof time);
   const std::size_t start = out.size();
-  // A stored deflate stream takes 5 bytes a 64 KiB block more than its data, and zlib 6 more.
+  // Stored blocks take 5 bytes a 64 KiB block more than their data, zlib's header and checksum 6.
   const std::size_t bound = size + size / 65535 * 5 + 64;
   out.resize(start + 8 + bound + 4);
   const std::size_t compressed = Compress(filtered.get(), size, out.data() + start + 8, bound);
