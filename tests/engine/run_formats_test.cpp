@@ -5,6 +5,7 @@
 #include "engine/encoder.h"
 #include "engine/number_text.h"
 #include "engine/source_work.h"
+#include "imaging/bitmap.h"
 #include "scripts/sample_images.h"
 #include "tests/engine/run_fixture.h"
 
@@ -40,19 +41,17 @@ TEST(SaveFlags, ExrAndGifAlwaysZeroOthersUntouched) {
   for (const std::int16_t format : {0, 3, 4}) EXPECT_EQ(Flags(77, format), 77) << format;
 }
 
-// "32 bits" for JPEG and PNG leaves a 24-bit page unconverted, yet writes the bytes of its 32-bit
-// conversion, which drops the page's colour profile and background colour.
+// JPEG and PNG at "32 bits" write a 24-bit page as its 32-bit conversion: no profile, no background colour.
 TEST(ConvertDepth, ThirtyTwoBitsForJpegAndPngWriteWhatTheConversionWrites) {
   testing::TempFolder dir;
   const std::string photo = dir.file("photo.jpg"), profiled = dir.file("profiled.png"), alpha = dir.file("a.png");
   ASSERT_TRUE(samples::WritePhotoJpeg(photo, 64, 48) && samples::WriteAlphaPng(alpha, 40, 30));
   const std::string icc = testing::ReadWholeFile("/usr/share/color/icc/sRGB.icc");
-  FIBITMAP* dib = FreeImage_Load(FIF_JPEG, photo.c_str(), 0);
-  FreeImage_CreateICCProfile(dib, const_cast<char*>(icc.data()), long(icc.size()));
+  const imaging::Bitmap dib(FreeImage_Load(FIF_JPEG, photo.c_str(), 0));
+  FreeImage_CreateICCProfile(dib.get(), const_cast<char*>(icc.data()), long(icc.size()));
   RGBQUAD background{10, 20, 30, 0};
-  FreeImage_SetBackgroundColor(dib, &background);
-  ASSERT_TRUE(FreeImage_Save(FIF_PNG, dib, profiled.c_str(), 0));
-  FreeImage_Unload(dib);
+  FreeImage_SetBackgroundColor(dib.get(), &background);
+  ASSERT_TRUE(FreeImage_Save(FIF_PNG, dib.get(), profiled.c_str(), 0));
   imaging::ImagingLibrary lib;
   imaging::CallResult result = 0;
   for (const std::string& path : {photo, profiled, alpha})
