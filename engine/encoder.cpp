@@ -66,6 +66,27 @@ std::int32_t QualityFlags(const OutputChoices& output) {
   return output.Quality == 0 ? 1 : output.Quality;
 }
 
+// Only ordinary bitmaps have 24 bits a pixel.
+bool Is24Bits(ImagingLibrary& lib, Handle page) {
+  std::uint32_t bpp = 0;
+  lib.FreeImage_GetBPP(page, bpp);
+  return bpp == 24;
+}
+
+// "32 bits" for JPEG and PNG: the JPEG encoder takes 24 bits, which it would make from a 32-bit
+// page on a copy, and the PNG encoder writes a page whose alpha is opaque throughout as 24-bit
+// RGB. A 24-bit page is therefore written as its 32-bit conversion would be once it loses the
+// colour profile and background colour that the conversion drops.
+void To32BitsAsWritten(ImagingLibrary& lib, Handle& page, std::int16_t format) {
+  CallResult result = 0;
+  if (Is24Bits(lib, page) && (format == kJpeg || format == kPng))
+    lib.DropProfileAndBackground(page, result);
+  else if (format == kJpeg)
+    lib.FreeImage_ConvertTo24Bits(page, page, result);
+  else
+    lib.FreeImage_ConvertTo32Bits(page, page, result);
+}
+
 }  // namespace
 
 OutputTarget OutputTargetFor(std::int16_t output_format) {
@@ -88,8 +109,11 @@ void ConvertDepth(ImagingLibrary& lib, Handle& page, const OutputChoices& output
   if (!DepthFor(output, depth)) return;
   CallResult result = 0;
   switch (depth) {
-    case Depth::k32: lib.FreeImage_ConvertTo32Bits(page, page, result); break;
-    case Depth::k24: lib.FreeImage_ConvertTo24Bits(page, page, result); break;
+    case Depth::k32: To32BitsAsWritten(lib, page, output.OutputFormat); break;
+    case Depth::k24:
+      // The conversion of a 24-bit page would only be a copy of it.
+      if (!Is24Bits(lib, page)) lib.FreeImage_ConvertTo24Bits(page, page, result);
+      break;
     case Depth::k16_555: lib.ConvertTo16Bits(page, page, false, result); break;
     case Depth::k16_565: lib.ConvertTo16Bits(page, page, true, result); break;
     case Depth::kIndexed8: lib.ConvertToIndexed8(page, page, 4, result); break;

@@ -4,6 +4,7 @@
 #include "engine/naming.h"
 #include "engine/paths.h"
 #include "engine/run_context.h"
+#include "engine/stage_times.h"
 
 namespace velmora::engine {
 namespace {
@@ -28,6 +29,7 @@ void PlaceEncodedPage(RunContext& run, const FinishedPage& page, const std::stri
                       CallResult& result) {
   if (!page.encoded_ok) return;
   const std::string temporary = TemporaryNameFor(target);
+  const StageTimer timer(Stage::kWrite);
   run.lib.WriteEncodedImage(page.encoded, temporary, result);
   if (result != 0) run.outputs.Place(temporary, target, row);
 }

@@ -6,6 +6,7 @@
 #include "engine/number_text.h"
 #include "engine/paths.h"
 #include "engine/preview_fit.h"
+#include "engine/stage_times.h"
 
 namespace velmora::engine {
 namespace {
@@ -131,7 +132,11 @@ FinishedSource UnreadableSource(const std::string& failure) {
 FinishedSource TransformSource(const RunJob& job, imaging::ImagingLibrary& lib, const std::string& path,
                                std::int64_t row, ChainState& chain) {
   FinishedSource finished;
-  std::vector<Handle> pages = LoadPages(lib, path, job.preview, job.upright);
+  std::vector<Handle> pages;
+  {
+    const StageTimer timer(Stage::kDecode);
+    pages = LoadPages(lib, path, job.preview, job.upright);
+  }
   if (pages.size() == 1 && pages[0] == 0) finished.failures.push_back("cannot read " + path);
   const bool multipage_file = pages.size() > 1 && WritesMultipageFile(job.output);
   std::vector<Handle> kept;  // for the multipage file or the preview
@@ -139,16 +144,23 @@ FinishedSource TransformSource(const RunJob& job, imaging::ImagingLibrary& lib, 
   for (std::size_t p = 0; p < pages.size(); ++p) {
     Handle& page = pages[p];
     const Handle holder = KeepMetadataAside(lib, page, job.keep_colour_profile);
-    RunChain(job, lib, page, chain, path, static_cast<int>(p), finished.failures);
-    ConvertDepth(lib, page, job.output);
+    {
+      const StageTimer timer(Stage::kChain);
+      RunChain(job, lib, page, chain, path, static_cast<int>(p), finished.failures);
+    }
     CallResult result = 0;
-    lib.CopyMetadata(holder, page, result);
-    if (job.keep_colour_profile) lib.CopyColourProfile(holder, page, result);
-    lib.Release(holder);
+    {
+      const StageTimer timer(Stage::kDepth);
+      ConvertDepth(lib, page, job.output);
+      lib.CopyMetadata(holder, page, result);
+      if (job.keep_colour_profile) lib.CopyColourProfile(holder, page, result);
+      lib.Release(holder);
+    }
 
     FinishedPage done;
     done.readable = page != 0;
     if (!multipage_file) {
+      const StageTimer timer(Stage::kEncode);
       lib.EncodeImage(page, job.target.OutputFormatNumber, job.SaveFlags, done.encoded, result);
       done.encoded_ok = result != 0;
     }
@@ -164,6 +176,7 @@ FinishedSource TransformSource(const RunJob& job, imaging::ImagingLibrary& lib, 
     finished.multipage_file = TemporaryNameFor(
         ExpandTemplate(output.OutputFolder, output.NameTemplate, path, job.target.OutputExtension, row));
     CallResult result = 0;
+    const StageTimer timer(Stage::kEncode);
     lib.WriteMultipageFile(finished.multipage_file, kept, job.SaveFlags, result);
     finished.multipage_ok = result != 0;
     if (!finished.multipage_ok) DiscardTemporary(finished.multipage_file);

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace velmora::engine {
@@ -19,7 +20,8 @@ class WireWriter {
   void operator()(const std::string& text) { Bytes(text.data(), text.size()); }
   void operator()(const std::vector<std::uint8_t>& data) { Bytes(data.data(), data.size()); }
 
-  const std::string& bytes() const { return bytes_; }
+  // The message written so far, handed over without a copy; the writer is left empty.
+  std::string TakeBytes() { return std::move(bytes_); }
 
  private:
   void Bytes(const void* data, std::size_t size) {

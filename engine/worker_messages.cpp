@@ -46,7 +46,7 @@ std::string EncodeWorkerJob(const WorkerJob& job) {
   VisitFont(out, job.font);
   out(job.preview), out(job.frame_width), out(job.frame_height), out(job.source_picture), out(job.upright),
       out(job.keep_colour_profile);
-  return out.bytes();
+  return out.TakeBytes();
 }
 
 bool DecodeWorkerJob(std::string_view bytes, WorkerJob& job) {
@@ -70,7 +70,7 @@ bool DecodeWorkerJob(std::string_view bytes, WorkerJob& job) {
 std::string EncodeWorkerRow(const WorkerRow& row) {
   WireWriter out;
   out(row.row), out(row.path);
-  return out.bytes();
+  return out.TakeBytes();
 }
 
 bool DecodeWorkerRow(std::string_view bytes, WorkerRow& row) {
@@ -88,7 +88,7 @@ std::string EncodeFinishedSource(const FinishedSource& finished) {
   out(finished.multipage_file), out(finished.multipage_ok);
   VisitPicture(out, finished.picture);
   out(finished.picture_ok);
-  return out.bytes();
+  return out.TakeBytes();
 }
 
 bool DecodeFinishedSource(std::string_view bytes, FinishedSource& finished) {

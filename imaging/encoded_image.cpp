@@ -8,6 +8,7 @@
 #include "imaging/export_depth.h"
 #include "imaging/heif/heif_files.h"
 #include "imaging/imaging_library.h"
+#include "imaging/plain_png.h"
 
 namespace velmora::imaging {
 namespace {
@@ -78,6 +79,7 @@ bool EncodeToMemory(FIBITMAP* dib, int format, int flags, std::vector<std::uint8
   if (!FreeImage_FIFSupportsWriting(target)) return false;
   ExportPage page;
   if (!PrepareForExport(dib, target, page, keep_colour_profile)) return false;
+  if (target == FIF_PNG && flags == 0 && EncodePlainPng(page.dib, bytes)) return true;
   if (EncodeWithFallback(target, page.dib, flags, bytes)) return true;
   // A colour profile the encoder refuses (libpng checks it against the pixels) costs the profile,
   // not the page.

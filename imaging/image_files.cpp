@@ -159,7 +159,8 @@ std::vector<Bitmap> LoadImagePages(const std::string& path) {
 
 bool SaveImageFile(FIBITMAP* dib, const std::string& path, int format, int flags) {
   if (!dib || path.empty()) return false;
-  if (format == kFormatAvif) {
+  // AVIF has no FreeImage writer; PNG with flags 0 has a faster writer of our own.
+  if (format == kFormatAvif || (format == kFormatPng && flags == 0)) {
     std::vector<std::uint8_t> bytes;
     return EncodeToMemory(dib, format, flags, bytes) && WriteBytesToFile(bytes, path);
   }

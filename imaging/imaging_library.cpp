@@ -111,6 +111,16 @@ void ImagingLibrary::CopyColourProfile(Handle source, Handle destination, CallRe
   });
 }
 
+void ImagingLibrary::DropProfileAndBackground(Handle image, CallResult& result) {
+  Report(result, [&] {
+    FIBITMAP* dib = state_->images.Find(image);
+    if (!dib) return false;
+    FreeImage_DestroyICCProfile(dib);
+    FreeImage_SetBackgroundColor(dib, nullptr);
+    return true;
+  });
+}
+
 void ImagingLibrary::MakeDisplayPicture(Handle image, DisplayPicture& picture, CallResult& result) {
   Report(result, [&] {
     FIBITMAP* dib = state_->images.Find(image);

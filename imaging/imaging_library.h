@@ -103,6 +103,9 @@ class ImagingLibrary {
   void CopyMetadata(Handle source, Handle destination, CallResult& result);
   // Gives the destination the source's ICC colour profile; a source without one changes nothing.
   void CopyColourProfile(Handle source, Handle destination, CallResult& result);
+  // Takes the page's ICC colour profile and background colour away, as FreeImage's depth
+  // conversions do.
+  void DropProfileAndBackground(Handle image, CallResult& result);
   // Turns and mirrors the page as its camera orientation asks (its EXIF block, or for a TIFF file
   // the orientation tag of page `page_index` of `source`), and records it as upright. A page with
   // no orientation, or orientation 1, stays as it is.

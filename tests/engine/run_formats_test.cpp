@@ -4,6 +4,8 @@
 
 #include "engine/encoder.h"
 #include "engine/number_text.h"
+#include "engine/source_work.h"
+#include "imaging/bitmap.h"
 #include "scripts/sample_images.h"
 #include "tests/engine/run_fixture.h"
 
@@ -37,6 +39,36 @@ TEST(SaveFlags, ExrAndGifAlwaysZeroOthersUntouched) {
   EXPECT_EQ(Flags(77, 6, 0, 2), 0);  // "PIZ" chosen, flags 0 all the same
   EXPECT_EQ(Flags(77, 2), 0);
   for (const std::int16_t format : {0, 3, 4}) EXPECT_EQ(Flags(77, format), 77) << format;
+}
+
+// JPEG and PNG at "32 bits" write a 24-bit page as its 32-bit conversion: no profile, no background colour.
+TEST(ConvertDepth, ThirtyTwoBitsForJpegAndPngWriteWhatTheConversionWrites) {
+  testing::TempFolder dir;
+  const std::string photo = dir.file("photo.jpg"), profiled = dir.file("profiled.png"), alpha = dir.file("a.png");
+  ASSERT_TRUE(samples::WritePhotoJpeg(photo, 64, 48) && samples::WriteAlphaPng(alpha, 40, 30));
+  const std::string icc = testing::ReadWholeFile("/usr/share/color/icc/sRGB.icc");
+  const imaging::Bitmap dib(FreeImage_Load(FIF_JPEG, photo.c_str(), 0));
+  FreeImage_CreateICCProfile(dib.get(), const_cast<char*>(icc.data()), long(icc.size()));
+  RGBQUAD background{10, 20, 30, 0};
+  FreeImage_SetBackgroundColor(dib.get(), &background);
+  ASSERT_TRUE(FreeImage_Save(FIF_PNG, dib.get(), profiled.c_str(), 0));
+  imaging::ImagingLibrary lib;
+  imaging::CallResult result = 0;
+  for (const std::string& path : {photo, profiled, alpha})
+    for (const std::int16_t format : {1, 3}) {
+      SCOPED_TRACE(path + " as " + OutputTargetFor(format).OutputExtension);
+      OutputChoices output;
+      output.OutputFormat = format;
+      imaging::Handle page = 0, converted = 0;
+      LoadSinglePage(lib, path, page), LoadSinglePage(lib, path, converted);
+      ConvertDepth(lib, page, output);
+      lib.FreeImage_ConvertTo32Bits(converted, converted, result);
+      imaging::EncodedImage ours, theirs;
+      const int fif = OutputTargetFor(format).OutputFormatNumber;
+      lib.EncodeImage(page, fif, 0, ours, result), lib.EncodeImage(converted, fif, 0, theirs, result);
+      EXPECT_FALSE(ours.bytes.empty());
+      EXPECT_EQ(ours.bytes, theirs.bytes);
+    }
 }
 
 struct FormatCase {
