@@ -490,16 +490,23 @@ TEST_F(BatchPlanned, ShardsInAnyOrderGiveOneRunsFilesIndexAndClosingLines) {
 // The same job by `--slurm 4` on a one-node Slurm of this machine (scripts/slurm-local, in a folder of its own).
 TEST_F(BatchPlanned, SlurmJobArrayGivesOneRunsFilesIndexAndClosingLines) {
   if (::geteuid() != 0 || ::access("/usr/sbin/slurmctld", X_OK) != 0) GTEST_SKIP() << "needs root and slurmctld";
+  // Ports of its own, so that a cluster a killed test left behind is not in the way.
   const std::string cluster = "VELMORA_SLURM_DIR=" + Work("slurm") +
-                              " VELMORA_SLURM_PORT=16917 bash " VELMORA_SOURCE_DIR "/scripts/slurm-local ";
+                              " VELMORA_SLURM_PORT=" + std::to_string(20000 + ::getpid() % 20000 * 2) +
+                              " bash " VELMORA_SOURCE_DIR "/scripts/slurm-local ";
   ASSERT_EQ(std::system((cluster + "up >/dev/null").c_str()), 0);
   ::setenv("SLURM_CONF", Work("slurm/slurm.conf").c_str(), 1);
   ExpectShardedRunGivesOneRunsResult([this](std::vector<std::string> job) {
-    job.insert(job.begin(), {"--slurm", "4", "--write-plan", "run.plan"});
+    job.insert(job.begin(),
+               {"--slurm", "4", "--slurm-args", "--time=10 --comment='two words'", "--write-plan", "run.plan"});
     auto [code, out, err] = Run(job);
     // The plan's line and the tasks' progress come before the closing lines.
     return Result{code, out.substr(std::min(out.rfind("Completed."), out.size())), err};
   });
+  // A job sbatch refuses is named plainly.
+  const auto [code, out, err] =
+      Run({"--slurm", "2", "--slurm-args", "--no-such-option", "--write-plan", "other.plan", "last.ico"});
+  EXPECT_TRUE(code == 1 && err.find("sbatch did not take the job") != std::string::npos) << err;
   ::unsetenv("SLURM_CONF");
   EXPECT_EQ(std::system((cluster + "down").c_str()), 0);
 }
