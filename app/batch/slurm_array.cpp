@@ -6,7 +6,6 @@
 #include <unistd.h>
 #include <wordexp.h>
 
-#include <algorithm>
 #include <chrono>
 #include <optional>
 #include <sstream>
@@ -101,13 +100,16 @@ SlurmOutcome RunSlurmArray(const SlurmArray& array, const std::function<void(con
   // A task leaves the queue when it ends; the job is over when none is left.
   // A controller that does not answer three times running has forgotten the job or is gone.
   int done = -1;
-  for (int silent = 0; silent < 3;) {
+  for (int silent = 0; silent < 3; std::this_thread::sleep_for(std::chrono::milliseconds(500))) {
     const std::optional<std::string> queued = CommandOutput({"squeue", "-h", "-r", "-j", job_id, "-o", "%i"});
-    silent = queued ? 0 : silent + 1;
-    const int left = queued ? LineCount(*queued) : array.tasks - std::max(done, 0);
+    if (!queued) {
+      ++silent;
+      continue;
+    }
+    silent = 0;
+    const int left = LineCount(*queued);
     if (array.tasks - left != done) progress(job_id, done = array.tasks - left);
-    if (queued && left == 0) break;
-    std::this_thread::sleep_for(std::chrono::milliseconds(500));
+    if (left == 0) break;
   }
   const int failed = FailedTasks(job_id);
   if (failed == 0) return {job_id, ""};
