@@ -13,6 +13,7 @@
 #include "imaging/file_sanity.h"
 #include "imaging/heif/heif_files.h"
 #include "imaging/imaging_library.h"
+#include "imaging/owned_by.h"
 #include "imaging/png_colour_profile.h"
 
 namespace velmora::imaging {
@@ -57,16 +58,12 @@ void AttachPngColourProfile(const std::string& path, FIBITMAP* page) {
   if (!profile.empty()) FreeImage_CreateICCProfile(page, profile.data(), static_cast<long>(profile.size()));
 }
 
-struct MemoryCloser {
-  void operator()(FIMEMORY* memory) const noexcept { FreeImage_CloseMemory(memory); }
-};
-
 // Every read goes through these two, which keep away files FreeImage would not survive.
 Bitmap Read(FREE_IMAGE_FORMAT format, const std::string& path, int flags) {
   if (!SafeToRead(format, path)) return nullptr;
   if (format == FIF_BMP) {
     if (std::optional<std::string> classic = ClassicBmpFile(path)) {
-      std::unique_ptr<FIMEMORY, MemoryCloser> memory(
+      OwnedBy<FIMEMORY, FreeImage_CloseMemory> memory(
           FreeImage_OpenMemory(reinterpret_cast<BYTE*>(classic->data()), static_cast<DWORD>(classic->size())));
       if (!memory) return nullptr;
       return ReadChecked(format, flags, [&](int load_flags) {

@@ -7,30 +7,14 @@
 #include FT_FREETYPE_H
 #include <hb.h>
 
-#include <memory>
+#include "imaging/owned_by.h"
 
 namespace velmora::imaging::text {
 
-struct FtLibraryDeleter {
-  void operator()(FT_Library library) const { FT_Done_FreeType(library); }
-};
-struct FtFaceDeleter {
-  void operator()(FT_Face face) const { FT_Done_Face(face); }
-};
-struct HbFontDeleter {
-  void operator()(hb_font_t* font) const { hb_font_destroy(font); }
-};
-struct HbBufferDeleter {
-  void operator()(hb_buffer_t* buffer) const { hb_buffer_destroy(buffer); }
-};
-struct FcPatternDeleter {
-  void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
-};
-
-using FtLibraryPtr = std::unique_ptr<FT_LibraryRec_, FtLibraryDeleter>;
-using FtFacePtr = std::unique_ptr<FT_FaceRec_, FtFaceDeleter>;
-using HbFontPtr = std::unique_ptr<hb_font_t, HbFontDeleter>;
-using HbBufferPtr = std::unique_ptr<hb_buffer_t, HbBufferDeleter>;
-using FcPatternPtr = std::unique_ptr<FcPattern, FcPatternDeleter>;
+using FtLibraryPtr = OwnedBy<FT_LibraryRec_, FT_Done_FreeType>;
+using FtFacePtr = OwnedBy<FT_FaceRec_, FT_Done_Face>;
+using HbFontPtr = OwnedBy<hb_font_t, hb_font_destroy>;
+using HbBufferPtr = OwnedBy<hb_buffer_t, hb_buffer_destroy>;
+using FcPatternPtr = OwnedBy<FcPattern, FcPatternDestroy>;
 
 }  // namespace velmora::imaging::text
