@@ -27,15 +27,7 @@ void ShowPreviewPage(RunContext& run, const FinishedSource& finished) {
 std::unique_ptr<SourceQueue> MakeSourceQueue(RunContext& run, const std::vector<std::string>& rows, int jobs,
                                              const WorkerLimits& limits, std::size_t first_row = 0) {
   if (limits.program.empty()) return std::make_unique<SourceExecutor>(run.job, run.lib, rows, jobs, first_row);
-  WorkerJob spec{run.state.blocks,
-                 run.state.output,
-                 run.state.font,
-                 run.job.preview,
-                 run.job.preview_frame_width,
-                 run.job.preview_frame_height};
-  spec.upright = run.job.upright;
-  spec.keep_colour_profile = run.job.keep_colour_profile;
-  return std::make_unique<WorkerProcesses>(spec, run.job.carries_page_state, rows, jobs, limits, first_row);
+  return std::make_unique<WorkerProcesses>(WorkerJobOf(run), run.job.carries_page_state, rows, jobs, limits, first_row);
 }
 
 void RunPreview(RunContext& run, const SourceList& sources, const WorkerLimits& limits) {
@@ -59,6 +51,18 @@ void RunSources(RunContext& run, const SourceList& sources, int jobs, const Work
 }
 
 }  // namespace
+
+WorkerJob WorkerJobOf(const RunContext& run) {
+  WorkerJob job{run.state.blocks,
+                run.state.output,
+                run.state.font,
+                run.job.preview,
+                run.job.preview_frame_width,
+                run.job.preview_frame_height};
+  job.upright = run.job.upright;
+  job.keep_colour_profile = run.job.keep_colour_profile;
+  return job;
+}
 
 void ConvertRows(RunContext& run, const std::vector<std::string>& rows, std::size_t first_row, int jobs,
                  const WorkerLimits& limits, const std::function<SourcePlan(std::size_t row)>& plan_row,

@@ -75,9 +75,7 @@ RunPlan PlanRun(AppState& state, const SourceList& sources, RunView& view) {
 
   RunPlan plan;
   plan.id = NewPlanId();
-  plan.job = WorkerJob{state.blocks, state.output, state.font};
-  plan.job.upright = run.job.upright;
-  plan.job.keep_colour_profile = run.job.keep_colour_profile;
+  plan.job = WorkerJobOf(run);  // not a preview: no frame
   plan.html_index = state.settings.GenerateHtmlIndex != kFalse;
   // Pages that start from what the page before them left can't start anywhere but at the first row.
   if (run.job.carries_page_state)

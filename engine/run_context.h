@@ -59,6 +59,10 @@ void CommitSource(RunContext& run, const SourcePlan& plan, const FinishedSource&
 // files: the template expanded afresh with a page mark, whatever the collision policy decided.
 std::string SeparatePageName(const RunJob& job, const SourcePlan& plan, int page);
 
+// What a worker process needs to transform sources as this run would: the chain, the output
+// choices, the font values and the per-run settings.
+WorkerJob WorkerJobOf(const RunContext& run);
+
 // Converts rows `first_row` to the last of `rows` in order: the decision for each from
 // `plan_row`, its source from the run's workers, then its commit and `row_done` (if any), with
 // run.outputs made for `rows`. Files held back for sources still to be read go in place at the end.
